@@ -1,0 +1,42 @@
+# Compiler settings that every target of the project shares, through the interface target
+# vireo_options.
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(VIREO_CCACHE ccache)
+if(VIREO_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${VIREO_CCACHE})
+endif()
+
+add_library(vireo_options INTERFACE)
+target_compile_features(vireo_options INTERFACE cxx_std_20)
+set(CMAKE_CXX_EXTENSIONS OFF)
+target_compile_options(vireo_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wcast-qual
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wextra-semi -Werror)
+
+# A relative __FILE__ keeps the build folder out of programs and makes compiler caches shareable.
+target_compile_options(vireo_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+
+if(WIN32)
+  target_compile_definitions(vireo_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
+                             _WIN32_WINNT=0x0A00 __USE_MINGW_ANSI_STDIO=1)
+  target_link_options(vireo_options INTERFACE -static)
+endif()
+
+if(VIREO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(VIREO_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    message(FATAL_ERROR "The fuzz preset needs clang: use cmake --preset fuzz")
+  endif()
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()

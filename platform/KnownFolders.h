@@ -1,0 +1,23 @@
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+namespace vireo {
+
+/// The running executable; empty when the system cannot tell.
+std::filesystem::path ProgramPath();
+/// The folder of the running executable; empty when the system cannot tell.
+std::filesystem::path ProgramFolder();
+
+/// Where the user's program state (logs, recent files) lives; not created. Linux:
+/// $XDG_STATE_HOME/vireo or ~/.local/state/vireo; Windows: %LOCALAPPDATA%\Vireo.
+std::filesystem::path StateFolder();
+/// Where the user's settings live; not created. Linux: $XDG_CONFIG_HOME/vireo or ~/.config/vireo;
+/// Windows: %APPDATA%\Vireo.
+std::filesystem::path ConfigFolder();
+/// The folders that hold ICC profiles, the first to be searched first. Windows: the system's colour
+/// directory; Linux: the user's and the system's share/color/icc folders.
+std::vector<std::filesystem::path> ColourProfileFolders();
+
+} // namespace vireo

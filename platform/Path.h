@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace vireo {
+
+/// A path from UTF-8 text, and back. On systems whose paths are bytes the bytes are taken as they
+/// are; on Windows bytes that are not UTF-8 become U+FFFD.
+std::filesystem::path PathFromUtf8(std::string_view utf8);
+std::string Utf8FromPath(const std::filesystem::path& path);
+
+/// The parts of a path text as the Windows path splitter gives them, on every system. Joined in
+/// order they give the text back.
+struct PathParts {
+    std::string drive; ///< "C:", or empty.
+    std::string folder; ///< With its trailing separator, or empty.
+    std::string name; ///< Without the extension.
+    std::string extension; ///< With its '.', or empty.
+};
+
+/// Splits at both '\' and '/'.
+PathParts SplitPath(std::string_view path);
+
+} // namespace vireo
