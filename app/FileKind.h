@@ -30,8 +30,8 @@ enum class FileKind {
 /// How a file's own description is stored.
 enum class Container { Text, Binary, Tiff };
 
-/// One row of the dispatch table: a section tag, the kind it stands for and the viewer that opens it.
-/// The rows stand in the order in which the tags are searched; the first found decides.
+/// One row of the dispatch table: a section tag, the kind it stands for and the viewer that opens
+/// it. The rows stand in the order in which the tags are searched; the first found decides.
 struct DispatchRow {
     std::string_view tag;
     FileKind kind;
@@ -42,7 +42,7 @@ std::span<const DispatchRow> DispatchTable();
 /// A kind's fixed names.
 struct KindNames {
     FileKind kind;
-    std::string_view id; ///< As the command line writes it: "light-profile".
+    std::string_view id;    ///< As the command line writes it: "light-profile".
     std::string_view title; ///< As people read it: "light profile".
 };
 std::span<const KindNames> AllKinds();
@@ -67,8 +67,8 @@ Recognition Recognise(std::span<const std::uint8_t> firstBytes, const std::files
 /// The same for a file on disk.
 FileStatus RecogniseFile(const std::filesystem::path& path, Recognition& recognition);
 
-/// Whether the first line of a file is "[Kitbag]"; such a file is a packed dump even where a member's
-/// tag lies within the first 100 bytes and decides which viewer opens.
+/// Whether the first line of a file is "[Kitbag]"; such a file is a packed dump even where a
+/// member's tag lies within the first 100 bytes and decides which viewer opens.
 bool BeginsAsKitbag(std::span<const std::uint8_t> firstBytes);
 
 } // namespace vireo

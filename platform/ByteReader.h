@@ -17,9 +17,9 @@ enum class ByteOrder { Little, Big };
 /// owned and must outlive the reader.
 class ByteReader {
 public:
-    explicit ByteReader(
-        std::span<const std::uint8_t> bytes, ByteOrder order = ByteOrder::Little) :
-        m_bytes(bytes), m_order(order)
+    explicit ByteReader(std::span<const std::uint8_t> bytes, ByteOrder order = ByteOrder::Little)
+        : m_bytes(bytes),
+          m_order(order)
     {
     }
 

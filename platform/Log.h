@@ -12,14 +12,14 @@ namespace vireo {
 /// that several running viewers never garble each other's lines. All functions may be called from
 /// any thread. Text is 8-bit Windows-1252; line ends inside a message become blanks.
 ///
-/// Lines logged before log_Init are kept (the first 1,000) and written when it comes; a program that
-/// never calls it writes no log.
+/// Lines logged before log_Init are kept (the first 1,000) and written when it comes; a program
+/// that never calls it writes no log.
 
 /// Opens "<programName><extension>" in `folder`, or in the user's state folder (created when
 /// missing) when `folder` is not writable. Returns false when neither can be written; messages are
 /// then dropped.
-bool log_Init(std::string_view programName, std::string_view extension,
-    const std::filesystem::path& folder);
+bool log_Init(
+    std::string_view programName, std::string_view extension, const std::filesystem::path& folder);
 
 /// The file the log goes to; empty before log_Init and when it failed.
 std::filesystem::path log_FilePath();
@@ -47,7 +47,7 @@ private:
 struct CDateTime {
     int m_iYear = 0;
     int m_iMonth = 0; ///< 1 to 12.
-    int m_iDay = 0; ///< 1 to 31.
+    int m_iDay = 0;   ///< 1 to 31.
     int m_iHour = 0;
     int m_iMinute = 0;
     int m_iSecond = 0;

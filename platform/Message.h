@@ -13,13 +13,12 @@ enum class MessageIcon { None, Information, Exclamation, Stop };
 class MessageSink {
 public:
     virtual ~MessageSink() = default;
-    virtual void ShowMessage(
-        std::string_view text, std::string_view caption, MessageIcon icon) = 0;
+    virtual void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon) = 0;
 };
 
-/// Shows a message through the program's sink and returns when the user has seen it. Text and caption
-/// are 8-bit Windows-1252; an empty caption stands for the program's title. Without a sink the
-/// message goes to standard error. Called on the user-interface thread only.
+/// Shows a message through the program's sink and returns when the user has seen it. Text and
+/// caption are 8-bit Windows-1252; an empty caption stands for the program's title. Without a sink
+/// the message goes to standard error. Called on the user-interface thread only.
 void ShowMessage(std::string_view text, std::string_view caption = {},
     MessageIcon icon = MessageIcon::Exclamation);
 

@@ -14,9 +14,9 @@ std::string Utf8FromPath(const std::filesystem::path& path);
 /// The parts of a path text as the Windows path splitter gives them, on every system. Joined in
 /// order they give the text back.
 struct PathParts {
-    std::string drive; ///< "C:", or empty.
-    std::string folder; ///< With its trailing separator, or empty.
-    std::string name; ///< Without the extension.
+    std::string drive;     ///< "C:", or empty.
+    std::string folder;    ///< With its trailing separator, or empty.
+    std::string name;      ///< Without the extension.
     std::string extension; ///< With its '.', or empty.
 };
 

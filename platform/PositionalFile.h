@@ -10,15 +10,12 @@
 namespace vireo {
 
 /// What came of opening, reading or writing a file.
-enum class [[nodiscard]] FileStatus {
-    Ok,
-    NotFound,
-    AccessDenied,
-    IsFolder,
+enum class [[nodiscard]] FileStatus{
+    Ok, NotFound, AccessDenied, IsFolder,
     SharingViolation, ///< Another program holds the file in a way that excludes us (Windows).
     DiskFull,
     TooLarge, ///< Larger than the caller is willing to hold.
-    Failed, ///< Anything else the system reports.
+    Failed,   ///< Anything else the system reports.
 };
 
 /// A short English text for a status, such as "No such file"; for messages and standard error.

@@ -10,23 +10,23 @@
 
 namespace vireo {
 
-/// INI-style settings files with the semantics of the platform's private-profile functions, on every
-/// system: section and key names compare without regard to case; blanks and tabs around sections,
-/// keys and values do not count; one pair of single or double quotes around a value is removed; a
-/// line that starts with ';' is a comment; the first section and the first key of a name win.
-/// Text is 8-bit as it stands in the file. Files above 1 MiB are not read.
+/// INI-style settings files with the semantics of the platform's private-profile functions, on
+/// every system: section and key names compare without regard to case; blanks and tabs around
+/// sections, keys and values do not count; one pair of single or double quotes around a value is
+/// removed; a line that starts with ';' is a comment; the first section and the first key of a name
+/// win. Text is 8-bit as it stands in the file. Files above 1 MiB are not read.
 class PrivateProfile {
 public:
     explicit PrivateProfile(std::filesystem::path file) : m_file(std::move(file)) { }
 
-    /// The value of a key, or `defaultValue` (without its trailing blanks) when the file, section or
-    /// key is missing. At most `bufferSize` - 1 characters are returned, as into a buffer of that
-    /// size.
+    /// The value of a key, or `defaultValue` (without its trailing blanks) when the file, section
+    /// or key is missing. At most `bufferSize` - 1 characters are returned, as into a buffer of
+    /// that size.
     std::string ReadString(std::string_view section, std::string_view key,
         std::string_view defaultValue, std::size_t bufferSize = 260) const;
 
-    /// The leading decimal integer of the value (sign allowed); 0 when the value does not start with
-    /// one, `defaultValue` when the key is missing.
+    /// The leading decimal integer of the value (sign allowed); 0 when the value does not start
+    /// with one, `defaultValue` when the key is missing.
     int ReadInt(std::string_view section, std::string_view key, int defaultValue) const;
 
     /// Sets a key, adding section and key when they are missing; everything else in the file, its

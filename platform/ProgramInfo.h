@@ -8,8 +8,8 @@
 
 namespace vireo {
 
-/// The program information record: what the version resource of an executable says of it. On systems
-/// without version resources the running program's record is compiled in.
+/// The program information record: what the version resource of an executable says of it. On
+/// systems without version resources the running program's record is compiled in.
 struct ProgramInfo {
     /// The fixed file information block, 52 bytes as it stands in the resource; zeros when missing.
     std::array<std::uint8_t, 52> fixedFileInfo{};

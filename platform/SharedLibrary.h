@@ -15,8 +15,9 @@ public:
     SharedLibrary& operator=(const SharedLibrary&) = delete;
     ~SharedLibrary();
 
-    /// Loads a library from the program's folder or, with an absolute path, from there; the system's
-    /// search path is never asked, so no stranger's library is picked up. Returns whether it is loaded.
+    /// Loads a library from the program's folder or, with an absolute path, from there; the
+    /// system's search path is never asked, so no stranger's library is picked up. Returns whether
+    /// it is loaded.
     bool Load(const std::filesystem::path& library);
     bool IsLoaded() const { return m_handle != nullptr; }
     /// The address of an exported name; null when there is none.

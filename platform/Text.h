@@ -23,7 +23,8 @@ __attribute__((format(gnu_printf, 1, 2)))
 #elif defined(__GNUC__)
 __attribute__((format(printf, 1, 2)))
 #endif
-std::string Format(const char* format, ...);
+std::string
+Format(const char* format, ...);
 
 /// The C library's decimal conversion: leading blanks are skipped, a sign is allowed, conversion
 /// stops at the first character that is not a digit, and no digits give 0. Values beyond 32 bits

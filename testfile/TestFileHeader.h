@@ -10,13 +10,13 @@
 namespace vireo {
 
 /// What came of loading a header from a file.
-enum class [[nodiscard]] HeaderResult {
+enum class [[nodiscard]] HeaderResult{
     Ok,
-    NothingRead, ///< The file is empty or cannot be read.
-    NoDataPointer, ///< There is no '=' in the first 100 bytes.
-    BadDataPointer, ///< The offset is zero, negative or not a number.
+    NothingRead,           ///< The file is empty or cannot be read.
+    NoDataPointer,         ///< There is no '=' in the first 100 bytes.
+    BadDataPointer,        ///< The offset is zero, negative or not a number.
     DataPointerBeyondFile, ///< The offset lies behind the end of the file.
-    TooLong, ///< The offset is above kMaxHeaderBytes.
+    TooLong,               ///< The offset is above kMaxHeaderBytes.
 };
 
 std::string_view Describe(HeaderResult result);
@@ -29,8 +29,8 @@ struct HeaderValue {
     Value value{};
 };
 
-/// The text header of a test-result file: the section tag, the "DataPointer=" line with the offset of
-/// the data block, and key=value lines. Reads and writes every key that the tests share.
+/// The text header of a test-result file: the section tag, the "DataPointer=" line with the offset
+/// of the data block, and key=value lines. Reads and writes every key that the tests share.
 ///
 /// A key is searched anywhere in the text, not only at line starts, and the first occurrence wins;
 /// its value runs to the next CR or LF. Text is 8-bit Windows-1252.
@@ -94,9 +94,9 @@ public:
     HeaderValue<std::array<int, 3>> Magnification() const;
     HeaderValue<int> CameraCount() const;
     HeaderValue<int> CameraPixels(int camera) const; ///< Camera 0 (A) to 7 (H).
-    HeaderValue<int> CameraUsed() const; ///< 0 to 3, or kAllCameras.
+    HeaderValue<int> CameraUsed() const;             ///< 0 to 3, or kAllCameras.
     HeaderValue<int> SelectedCamera() const;
-    HeaderValue<int> Color() const; ///< 0 red, 1 green, 2 blue, kColorGray, kColorInterleaved.
+    HeaderValue<int> Color() const;  ///< 0 red, 1 green, 2 blue, kColorGray, kColorInterleaved.
     HeaderValue<int> Height() const; ///< Lines.
     HeaderValue<int> Length() const;
     HeaderValue<int> Width() const; ///< Pixels.
@@ -115,7 +115,8 @@ public:
     HeaderValue<std::string> ReadText(std::string_view key) const;
     HeaderValue<int> ReadInteger(std::string_view key) const;
 
-    /// Appends a tag line and, for the tags that carry one, the placeholder line of the data offset.
+    /// Appends a tag line and, for the tags that carry one, the placeholder line of the data
+    /// offset.
     void WriteLightProfileTag();
     void WriteG3LightProfileTag();
     void WriteLiveOscilloscopeTag();
@@ -162,8 +163,8 @@ public:
     /// appended when there is no such file or it has 100 bytes or more.
     void WriteProgramRevision();
 
-    /// Writes the length of the text, as "%10d", over the 10 characters behind the first '=': the data
-    /// block then begins right behind the last header line.
+    /// Writes the length of the text, as "%10d", over the 10 characters behind the first '=': the
+    /// data block then begins right behind the last header line.
     void FixUpDataOffset();
 
     /// Appends "[Kitbag]\nDataPointer=%10d\n", or writes it over the first characters of the text.
@@ -174,8 +175,8 @@ private:
     std::string m_text;
 };
 
-/// The 48-byte header of files written before there was a text header. Little-endian; the data begin
-/// at offset 48 and run to the end of the file.
+/// The 48-byte header of files written before there was a text header. Little-endian; the data
+/// begin at offset 48 and run to the end of the file.
 struct OldFileHeader {
     static constexpr std::size_t kBytes = 48;
     static constexpr int kTypeLightProfile = 16;
@@ -183,12 +184,12 @@ struct OldFileHeader {
     static constexpr int kTypeNoise = 19;
     static constexpr std::int32_t kLightProfileMark = 13900;
 
-    std::uint8_t type = 0; ///< Byte 11.
-    std::uint8_t colorFlag = 0; ///< Byte 17: 1 in a colour noise file.
+    std::uint8_t type = 0;       ///< Byte 11.
+    std::uint8_t colorFlag = 0;  ///< Byte 17: 1 in a colour noise file.
     std::int32_t formatMark = 0; ///< At 20.
     std::int32_t resolution = 0; ///< Dots per inch: the integer at 24 divided by 100.
-    std::int32_t width = 0; ///< At 28: pixels (line length of a noise file).
-    std::int32_t height = 0; ///< At 32: lines.
+    std::int32_t width = 0;      ///< At 28: pixels (line length of a noise file).
+    std::int32_t height = 0;     ///< At 32: lines.
 
     /// Reads the first 48 bytes of a file; false when there are not as many.
     bool Load(const PositionalFile& file);

@@ -14,15 +14,15 @@ class QScrollBar;
 
 namespace vireo {
 
-/// The profile plot of the oscilloscope and light-profile viewers: one scan line as a curve over its
-/// pixels, with axes, camera boundaries and a cursor. Three of them work together in a dialog: an
-/// overview of the whole line and two detail views whose stretch the overview marks.
+/// The profile plot of the oscilloscope and light-profile viewers: one scan line as a curve over
+/// its pixels, with axes, camera boundaries and a cursor. Three of them work together in a dialog:
+/// an overview of the whole line and two detail views whose stretch the overview marks.
 ///
 /// What is drawn and where is ProfilePlot's business; the control keeps the view, a picture of the
 /// plot at the screen's device pixel ratio, and turns mouse and scroll bar into views.
 ///
-/// Mouse: left click zooms in at the pointer, right click zooms out, the wheel zooms at the pointer,
-/// dragging with the middle button or with Shift pans, moving shows the cursor's reading.
+/// Mouse: left click zooms in at the pointer, right click zooms out, the wheel zooms at the
+/// pointer, dragging with the middle button or with Shift pans, moving shows the cursor's reading.
 class CLPFControle : public QWidget {
     Q_OBJECT
 
@@ -36,8 +36,8 @@ public:
     /// The scroll bar below the plot: shows and moves the stretch in view. Not owned.
     void SetScrollBar(QScrollBar* scrollBar);
 
-    /// The line to draw, which must live until the next call; null draws an empty plot. Keeps view and
-    /// mode, so that an animation stays where it is.
+    /// The line to draw, which must live until the next call; null draws an empty plot. Keeps view
+    /// and mode, so that an animation stays where it is.
     void SetLine(const ProfileLine* line, ShownColour shown);
     void SetShownColour(ShownColour shown);
     void SetCameras(const ProfileCameras& cameras);

@@ -25,8 +25,8 @@ struct SampleRange {
 };
 
 /// A summary of a line of 8-bit samples that finds the lowest and highest value of any stretch in a
-/// time that does not grow with its length: level 0 holds the range of every 16 samples, each further
-/// level that of every 16 of the level below. The samples are not owned.
+/// time that does not grow with its length: level 0 holds the range of every 16 samples, each
+/// further level that of every 16 of the level below. The samples are not owned.
 class LinePyramid {
 public:
     static constexpr std::size_t kFanOut = 16;

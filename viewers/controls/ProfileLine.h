@@ -24,7 +24,7 @@ struct ProfileCameras {
     static constexpr int kFewestPixels = 10;
 
     std::array<int, kCameras> pixels{}; ///< 0 for a camera that is not there.
-    double pixelPitchMm = 0.0; ///< Width of one pixel on the paper; 0 when not known.
+    double pixelPitchMm = 0.0;          ///< Width of one pixel on the paper; 0 when not known.
 
     /// First pixel of a camera, and the pixel behind its last.
     std::int64_t Start(int camera) const;

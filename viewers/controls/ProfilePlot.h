@@ -16,10 +16,10 @@ struct ProfileView {
 
 /// What lies under the cursor.
 struct CursorReading {
-    std::int64_t pixel = 0; ///< 0-based in the line.
+    std::int64_t pixel = 0;           ///< 0-based in the line.
     std::optional<double> positionMm; ///< From the line's start, where the pixel pitch is known.
-    std::optional<int> camera; ///< 0 for A.
-    int value = 0; ///< Of the shown plane; of green when all are shown.
+    std::optional<int> camera;        ///< 0 for A.
+    int value = 0;                    ///< Of the shown plane; of green when all are shown.
 };
 
 } // namespace vireo

@@ -13,13 +13,11 @@
 namespace vireo {
 
 /// What came of reading an oscilloscope file.
-enum class [[nodiscard]] OscilloscopeResult {
+enum class [[nodiscard]] OscilloscopeResult{
     Ok,
     CantOpen, ///< See OscilloscopeData::OpenStatus.
     IsKitbag, ///< A packed dump that has to be unpacked first.
-    IsNoiseTest,
-    IsLightProfile,
-    WrongKind,
+    IsNoiseTest, IsLightProfile, WrongKind,
     BadHeader, ///< See OscilloscopeData::HeaderStatus.
 };
 
@@ -51,8 +49,8 @@ public:
     int m_iCameraCount = 0;
     bool m_bCorrected = false;
     double m_dScannerWidthFactor = 8.5; ///< Scan width in units of 4.24 inches.
-    int m_iShownColor = 1; ///< 0 red, 1 green, 2 blue, 4 gray.
-    int m_iPlaneCount = 2; ///< 1 for a gray file, 2 for three planes.
+    int m_iShownColor = 1;              ///< 0 red, 1 green, 2 blue, 4 gray.
+    int m_iPlaneCount = 2;              ///< 1 for a gray file, 2 for three planes.
     std::string m_Date;
     std::string m_Time;
     std::string m_ScannerName;
