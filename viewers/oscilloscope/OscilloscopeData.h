@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PositionalFile.h"
+#include "testfile/TestFileHeader.h"
 #include "viewers/controls/ProfileLine.h"
 
 #include <array>
@@ -15,10 +16,12 @@ namespace vireo {
 /// What came of reading an oscilloscope file.
 enum class [[nodiscard]] OscilloscopeResult{
     Ok,
-    CantOpen, ///< See OscilloscopeData::OpenStatus.
+    CantOpen,
     IsKitbag, ///< A packed dump that has to be unpacked first.
-    IsNoiseTest, IsLightProfile, WrongKind,
-    BadHeader, ///< See OscilloscopeData::HeaderStatus.
+    IsNoiseTest,
+    IsLightProfile,
+    WrongKind,
+    BadHeader,
 };
 
 /// The raw line signals of a scanner's cameras from an "[Oscilloscope]" or "[MTF]" file.
@@ -103,11 +106,19 @@ public:
         Statistics line;
         std::vector<CameraStatistics> cameras; ///< Those that have pixels, in order.
     };
-    /// Statistics of one plane over line `line`, read in pieces, so of any length; nothing when the
-    /// plane is absent, the line has no pixels or the file cannot be read.
-    std::optional<PlaneStatistics> ComputeStatistics(std::int64_t line, Plane plane) const;
+    /// One entry a plane, in the order of Plane; nothing for a plane that is absent.
+    using LineStatistics = std::array<std::optional<PlaneStatistics>, 3>;
+    /// Statistics of the planes of line `line`, read in pieces, so of any length; nothing when the
+    /// line has no pixels or the file cannot give them.
+    LineStatistics ComputeStatistics(std::int64_t line) const;
 
-    /// What follows the line data of an MTF file.
+    /// Reads pixels `first` <= i < first + count of a line into the planes that the file has (the
+    /// others stay empty); false when the file cannot give them all.
+    using PlaneBytes = std::array<std::vector<std::uint8_t>, 3>;
+    bool ReadPixels(
+        std::int64_t line, std::int64_t first, std::int64_t count, PlaneBytes& planes) const;
+
+    /// What follows the line data of an MTF file: five further planes, three values and two tables.
     struct MtfExtra {
         std::array<std::vector<std::uint8_t>, 5> planes; ///< PlaneLength() bytes each.
         std::array<std::int32_t, 3> values{};
@@ -118,14 +129,20 @@ public:
     std::optional<MtfExtra> ReadMtfExtra() const;
 
 private:
-    void ReadHeaderValues(const class TestFileHeader& header);
-    void LayOutData(std::int64_t headerLength);
+    void ReadHeaderValues(const TestFileHeader& header);
+    void ReadCameraPixels(const TestFileHeader& header);
+    void ReadScannerKind(const TestFileHeader& header);
+    void LayOutData();
+    std::int64_t PlanesInData() const { return IsInterleaved() ? 3 : 1; }
+    std::int64_t MtfBoundaries() const { return (m_bHasFifthCamera ? 8 : 4) - 1; }
 
     std::filesystem::path m_path;
     PositionalFile m_file;
     std::string m_headerText;
     std::vector<std::string> m_missing;
-    std::string m_failure;
+    FileStatus m_openStatus = FileStatus::Ok;
+    HeaderResult m_headerStatus = HeaderResult::Ok;
+    mutable std::vector<std::uint8_t> m_interleaved; ///< Scratch of ReadPixels.
     bool m_bMtf = false;
     bool m_bHasFifthCamera = false;
     std::int64_t m_dataOffset = 0;
