@@ -1,0 +1,37 @@
+#pragma once
+
+#include "viewers/controls/ProfileLine.h"
+#include "viewers/controls/ProfilePlot.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireo {
+
+class OscilloscopeData;
+
+/// The texts of the oscilloscope viewer that are worked out from its data. All are Windows-1252.
+
+/// "Red", "Green", "Blue", "Gray", or "All" for the three over each other.
+std::string_view ColourName(ShownColour shown);
+
+/// The lines printed above the plot: scanner, date and colour, each value behind its label that is
+/// padded to 15 characters.
+std::vector<std::string> PrintedHeaderLines(const OscilloscopeData& data, ShownColour shown);
+
+/// The message for a header item that a file lacks.
+std::string MissingInformation(std::string_view item);
+
+/// The cursor over the overview, as "1234 (200)": the pixel and the value there.
+std::string PositionText(const CursorReading& reading);
+
+/// The cursor over any plot in words: "Pixel 1234   52.27 mm   Camera B   Green 200". Values of all
+/// planes are named when all are shown.
+std::string CursorText(const CursorReading& reading, const ProfileLine& line, ShownColour shown);
+
+/// "Line 3 of 24"; `line` counts from 0.
+std::string LineText(std::int64_t line, std::int64_t lineCount);
+
+} // namespace vireo
