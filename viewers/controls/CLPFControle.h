@@ -31,7 +31,7 @@ public:
     ~CLPFControle() override;
 
     /// Which end of the current camera, or which side of a boundary, a detail view shows.
-    enum class Side { Right = 0, Left = 1 };
+    using Side = ProfileSide;
 
     /// The scroll bar below the plot: shows and moves the stretch in view. Not owned.
     void SetScrollBar(QScrollBar* scrollBar);

@@ -1,25 +1,47 @@
 #pragma once
 
 #include "viewers/controls/ProfileLine.h"
+#include "viewers/controls/ProfileScene.h"
+#include "viewers/controls/ProfileView.h"
 
-#include <cstdint>
-#include <optional>
+#include <QColor>
+#include <QRectF>
+#include <QSizeF>
+
+#include <vector>
+
+class QPainter;
 
 namespace vireo {
 
-/// The stretch of a line in view: pixels first <= i < first + length. Plain arithmetic, so that it
-/// can be tested without a window.
-struct ProfileView {
-    double first = 0.0;
-    double length = 0.0;
+/// A stretch of the line that the overview tints, because a detail view shows it.
+struct ProfileStretch {
+    ProfileView view;
+    ProfileSide side = ProfileSide::Left;
 };
 
-/// What lies under the cursor.
-struct CursorReading {
-    std::int64_t pixel = 0;           ///< 0-based in the line.
-    std::optional<double> positionMm; ///< From the line's start, where the pixel pitch is known.
-    std::optional<int> camera;        ///< 0 for A.
-    int value = 0;                    ///< Of the shown plane; of green when all are shown.
+/// Everything one profile plot shows. Nothing is owned; `line` may be null for an empty plot.
+struct ProfilePlotContent {
+    const ProfileLine* line = nullptr;
+    ShownColour shown = ShownColour::Green;
+    ProfileCameras cameras;
+    ProfileScene scene; ///< Its view is the stretch drawn.
+    std::vector<ProfileStretch> stretches;
 };
+
+/// The colour in which a plane (or a gray line) is drawn on white.
+QColor TraceColour(ShownColour shown);
+
+/// Where a plot of a size has its plot area, and the mapping of its contents.
+ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size);
+
+/// Draws a profile plot of a size, in logical units, with its top left corner at the painter's
+/// origin: frame, grid, stretches, cameras, curve, marks, axes and labels. Asks no window, clock or
+/// setting: screen, paper and files get the same plot, each at its device's resolution.
+void DrawProfilePlot(QPainter& painter, QSizeF size, const ProfilePlotContent& content);
+
+/// Draws the cursor's hairline and reading over a plot drawn before.
+void DrawProfileCursor(QPainter& painter, QSizeF size, const ProfilePlotContent& content,
+    const CursorReading& reading);
 
 } // namespace vireo
