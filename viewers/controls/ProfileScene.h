@@ -4,6 +4,7 @@
 #include "viewers/controls/ProfileView.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 

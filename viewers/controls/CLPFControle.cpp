@@ -1,0 +1,325 @@
+#include "viewers/controls/CLPFControle.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vireo {
+
+namespace {
+
+constexpr double kClickZoom = 2.0;
+constexpr double kWheelZoom = 1.25;
+constexpr int kWheelStep = 120; ///< Eighths of a degree.
+constexpr std::size_t kHeaderLines = 20;
+
+} // namespace
+
+CLPFControle::CLPFControle(QWidget* parent) : QWidget(parent)
+{
+    setMouseTracking(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(120, 80);
+}
+
+void CLPFControle::SetScrollBar(QScrollBar* scrollBar)
+{
+    m_scrollBar = scrollBar;
+    connect(scrollBar, &QScrollBar::valueChanged, this, &CLPFControle::OnScrolled);
+    UpdateScrollBar();
+}
+
+void CLPFControle::SetLine(const ProfileLine* line, ShownColour shown)
+{
+    m_content.line = line;
+    m_content.shown = shown;
+    Recompose();
+}
+
+void CLPFControle::SetShownColour(ShownColour shown)
+{
+    m_content.shown = shown;
+    Recompose();
+}
+
+void CLPFControle::SetCameras(const ProfileCameras& cameras)
+{
+    m_content.cameras = cameras;
+    Recompose();
+}
+
+void CLPFControle::SetDetails(std::vector<const CLPFControle*> details)
+{
+    m_details = std::move(details);
+    for (const CLPFControle* detail : m_details)
+        connect(detail, &CLPFControle::ViewChanged, this, &CLPFControle::UpdateStretches);
+    UpdateStretches();
+}
+
+void CLPFControle::ZoomAll()
+{
+    Show(ProfileMode::Overview, 0, Side::Left);
+}
+
+void CLPFControle::ShowCamera(int camera, Side side, int zoomStep)
+{
+    Show(ProfileMode::Camera, camera, side, zoomStep);
+}
+
+void CLPFControle::ShowLightProfile(int camera, Side side)
+{
+    Show(ProfileMode::LightProfile, camera, side);
+}
+
+void CLPFControle::ShowScanWidth(int camera, Side side)
+{
+    Show(ProfileMode::ScanWidth, camera, side);
+}
+
+void CLPFControle::ShowVerticalPositioning(int camera, Side side)
+{
+    Show(ProfileMode::VerticalPositioning, camera, side);
+}
+
+void CLPFControle::Show(ProfileMode mode, int camera, Side side, int zoomStep)
+{
+    m_request = {mode, side, camera, zoomStep};
+    m_bUserView = false;
+    Recompose();
+}
+
+/// Works the scene out anew for other data or another request.
+void CLPFControle::Recompose()
+{
+    static const ProfileLine kNoLine;
+    const ProfileView before = View();
+    m_content.scene = ComposeScene(
+        m_request, m_content.line ? *m_content.line : kNoLine, m_content.shown, m_content.cameras);
+    if (m_bUserView)
+        m_content.scene.view = before.Within(LineLength());
+    UpdateScrollBar();
+    emit ViewChanged();
+    Redraw();
+}
+
+void CLPFControle::SetView(const ProfileView& view)
+{
+    m_bUserView = true;
+    ApplyView(view);
+}
+
+void CLPFControle::ApplyView(const ProfileView& view)
+{
+    const ProfileView valid = view.Within(LineLength());
+    if (valid == View())
+        return;
+    m_content.scene.view = valid;
+    UpdateScrollBar();
+    emit ViewChanged();
+    Redraw();
+}
+
+void CLPFControle::UpdateStretches()
+{
+    m_content.stretches.clear();
+    for (const CLPFControle* detail : m_details)
+        m_content.stretches.push_back({detail->View(), detail->m_request.side});
+    Redraw();
+}
+
+std::int64_t CLPFControle::LineLength() const
+{
+    return m_content.line ? m_content.line->Length() : 0;
+}
+
+void CLPFControle::UpdateScrollBar()
+{
+    if (!m_scrollBar)
+        return;
+    // Whole pixels are fine enough for a scroll bar, and a line has fewer than an int holds.
+    const auto length = static_cast<int>(std::lround(View().length));
+    const int hidden = std::max(static_cast<int>(LineLength()) - length, 0);
+    const QSignalBlocker quiet(m_scrollBar);
+    m_scrollBar->setRange(0, hidden);
+    m_scrollBar->setPageStep(std::max(length, 1));
+    m_scrollBar->setSingleStep(std::max(length / 10, 1));
+    m_scrollBar->setValue(static_cast<int>(std::lround(View().first)));
+    m_scrollBar->setEnabled(hidden > 0);
+}
+
+void CLPFControle::OnScrolled(int position)
+{
+    SetView({static_cast<double>(position), View().length});
+}
+
+double CLPFControle::PixelUnder(QPoint point) const
+{
+    const ProfileScale scale = ScaleOf(m_content, size());
+    return std::clamp(scale.PixelAt(point.x()), View().first, View().End());
+}
+
+std::optional<CursorReading> CLPFControle::PositionAt(QPoint point) const
+{
+    const ProfileScale scale = ScaleOf(m_content, size());
+    if (!m_content.line || !scale.Contains(point.x(), point.y()))
+        return std::nullopt;
+    CursorReading reading;
+    reading.pixel = static_cast<std::int64_t>(std::floor(scale.PixelAt(point.x())));
+    const auto& samples = m_content.line->Of(PlaneOf(m_content.shown)).samples;
+    if (reading.pixel < 0 || reading.pixel >= static_cast<std::int64_t>(samples.size()))
+        return std::nullopt;
+    reading.value = samples[static_cast<std::size_t>(reading.pixel)];
+    reading.camera = m_content.cameras.CameraAt(reading.pixel);
+    if (m_content.cameras.pixelPitchMm > 0.0)
+        reading.positionMm = static_cast<double>(reading.pixel) * m_content.cameras.pixelPitchMm;
+    return reading;
+}
+
+void CLPFControle::OnLButtonDown(QPoint point)
+{
+    SetView(View().ZoomedAt(PixelUnder(point), kClickZoom, LineLength()));
+}
+
+void CLPFControle::OnLButtonDblClk(QPoint point)
+{
+    OnLButtonDown(point);
+}
+
+void CLPFControle::OnRButtonDown(QPoint point)
+{
+    SetView(View().ZoomedAt(PixelUnder(point), 1.0 / kClickZoom, LineLength()));
+}
+
+void CLPFControle::OnRButtonDblClk(QPoint point)
+{
+    OnRButtonDown(point);
+}
+
+void CLPFControle::OnMouseWheel(QPoint point, int steps)
+{
+    SetView(View().ZoomedAt(PixelUnder(point), std::pow(kWheelZoom, steps), LineLength()));
+}
+
+void CLPFControle::SetHeader(std::vector<std::string> lines)
+{
+    lines.resize(std::min(lines.size(), kHeaderLines));
+    m_header = std::move(lines);
+}
+
+ProfilePage CLPFControle::Page(const std::vector<const CLPFControle*>& companions) const
+{
+    ProfilePage page{m_header, {m_content, size()}, {}};
+    for (const CLPFControle* companion : companions)
+        page.companions.push_back({companion->m_content, companion->size()});
+    return page;
+}
+
+void CLPFControle::Redraw()
+{
+    m_picture = QImage();
+    // The line under a resting pointer may have changed, as it does in an animation.
+    if (m_cursorPoint)
+        MoveCursor(m_cursorPoint);
+    update();
+}
+
+void CLPFControle::MoveCursor(std::optional<QPoint> point)
+{
+    m_cursorPoint = point;
+    m_cursor = point ? PositionAt(*point) : std::nullopt;
+    update();
+    emit CursorMoved(m_cursor);
+}
+
+void CLPFControle::paintEvent(QPaintEvent*)
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize deviceSize = (QSizeF(size()) * ratio).toSize();
+    if (m_picture.size() != deviceSize) {
+        m_picture = QImage(deviceSize, QImage::Format_RGB32);
+        m_picture.setDevicePixelRatio(ratio);
+        QPainter painter(&m_picture);
+        DrawProfilePlot(painter, size(), m_content);
+    }
+    QPainter painter(this);
+    painter.drawImage(QPoint(0, 0), m_picture);
+    if (m_cursor)
+        DrawProfileCursor(painter, size(), m_content, *m_cursor);
+}
+
+void CLPFControle::resizeEvent(QResizeEvent*)
+{
+    Redraw();
+}
+
+void CLPFControle::mousePressEvent(QMouseEvent* event)
+{
+    const bool pans = event->button() == Qt::MiddleButton
+        || (event->button() == Qt::LeftButton && event->modifiers() & Qt::ShiftModifier);
+    if (pans) {
+        m_dragFrom = event->pos();
+        setCursor(Qt::ClosedHandCursor);
+    } else if (event->button() == Qt::LeftButton) {
+        OnLButtonDown(event->pos());
+    } else if (event->button() == Qt::RightButton) {
+        OnRButtonDown(event->pos());
+    }
+}
+
+void CLPFControle::mouseReleaseEvent(QMouseEvent*)
+{
+    m_dragFrom.reset();
+    unsetCursor();
+}
+
+void CLPFControle::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
+void CLPFControle::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_dragFrom) {
+        const ProfileScale scale = ScaleOf(m_content, size());
+        SetView(View().MovedBy(
+            scale.PixelAt(m_dragFrom->x()) - scale.PixelAt(event->pos().x()), LineLength()));
+        m_dragFrom = event->pos();
+    }
+    MoveCursor(event->pos());
+}
+
+void CLPFControle::wheelEvent(QWheelEvent* event)
+{
+    const QPoint turned = event->angleDelta();
+    const ProfileScale scale = ScaleOf(m_content, size());
+    if (std::abs(turned.x()) > std::abs(turned.y())) {
+        constexpr double kWidthPerStep = 0.1;
+        SetView(
+            View().MovedBy(-turned.x() * kWidthPerStep / kWheelStep * View().length, LineLength()));
+    } else {
+        m_wheelRest += turned.y();
+        const int steps = m_wheelRest / kWheelStep;
+        m_wheelRest -= steps * kWheelStep;
+        if (steps != 0)
+            OnMouseWheel(event->position().toPoint(), steps);
+    }
+    MoveCursor(event->position().toPoint());
+    event->accept();
+}
+
+void CLPFControle::leaveEvent(QEvent*)
+{
+    MoveCursor(std::nullopt);
+}
+
+QSize CLPFControle::sizeHint() const
+{
+    return {800, 250};
+}
+
+} // namespace vireo

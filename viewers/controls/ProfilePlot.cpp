@@ -1,0 +1,509 @@
+#include "viewers/controls/ProfilePlot.h"
+
+#include "viewers/controls/AxisTicks.h"
+#include "viewers/controls/Fonts.h"
+#include "viewers/controls/ProfileCurve.h"
+
+#include <QFontMetricsF>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPolygonF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vireo {
+
+namespace {
+
+// Layout, in logical units.
+constexpr double kLeftMargin = 40.0;
+constexpr double kRightMargin = 14.0;
+constexpr double kTitleHeight = 20.0;
+constexpr double kCameraBandHeight = 16.0;
+constexpr double kTickRowHeight = 16.0;
+constexpr double kTickLength = 4.0;
+constexpr int kFontHeight = 12;
+
+/// From this many logical units a sample, a curve runs through its samples as a smooth line; below,
+/// each column covers the values of its samples.
+constexpr double kSmoothFrom = 3.0;
+/// From this many units a sample, the samples themselves are dotted.
+constexpr double kDotsFrom = 7.0;
+/// More columns than this are not told apart on paper, and would only swell a file.
+constexpr int kMostVectorColumns = 3000;
+
+const QColor kInk(30, 34, 38);
+const QColor kSoftInk(105, 112, 120);
+const QColor kFrameColour(90, 96, 104);
+const QColor kGridColour(228, 231, 235);
+const QColor kBandColour(244, 246, 249);
+const QColor kBoundaryColour(170, 120, 40);
+const QColor kAccent(190, 75, 0);
+const QColor kLeftStretch(255, 170, 40, 70);
+const QColor kRightStretch(40, 150, 230, 60);
+const QColor kExtraTraces[] = {
+    {200, 0, 200}, {0, 160, 170}, {170, 140, 0}, {110, 80, 200}, {120, 120, 120}};
+
+QColor TintColour(MarkTint tint)
+{
+    switch (tint) {
+    case MarkTint::Red:
+        return TraceColour(ShownColour::Red);
+    case MarkTint::Green:
+        return TraceColour(ShownColour::Green);
+    case MarkTint::Blue:
+        return TraceColour(ShownColour::Blue);
+    case MarkTint::Gray:
+        return kSoftInk;
+    case MarkTint::Accent:
+        break;
+    }
+    return kAccent;
+}
+
+QRectF PlotArea(const ProfileScale& scale)
+{
+    return {scale.left, scale.top, scale.width, scale.height};
+}
+
+bool HasPixels(const ProfilePlotContent& content)
+{
+    return content.line && content.line->Length() > 0;
+}
+
+/// One drawing of a plot: what its steps share.
+class PlotDrawing {
+public:
+    PlotDrawing(QPainter& painter, QSizeF size, const ProfilePlotContent& content)
+        : m_painter(painter),
+          m_size(size),
+          m_content(content),
+          m_scale(ScaleOf(content, size)),
+          m_area(PlotArea(m_scale)),
+          m_font(FontOfHeight(kSansFace, kFontHeight)),
+          m_metrics(m_font)
+    {
+    }
+
+    void Draw()
+    {
+        m_painter.save();
+        m_painter.setFont(m_font);
+        DrawBackground();
+        if (HasPixels(m_content)) {
+            DrawStretches();
+            DrawValueAxis();
+            DrawPixelAxis();
+            DrawMillimetreAxis();
+            DrawCameras();
+            DrawCurves();
+            DrawLevels();
+            DrawMarks();
+        }
+        DrawTitle();
+        DrawFrame();
+        m_painter.restore();
+    }
+
+private:
+    void DrawBackground()
+    {
+        m_painter.fillRect(QRectF({0, 0}, m_size), Qt::white);
+        m_painter.fillRect(
+            QRectF(m_scale.left, m_scale.top - kCameraBandHeight, m_scale.width, kCameraBandHeight),
+            kBandColour);
+    }
+
+    void DrawFrame()
+    {
+        m_painter.setPen(QPen(kFrameColour, 0));
+        m_painter.setBrush(Qt::NoBrush);
+        m_painter.drawRect(m_area);
+    }
+
+    void DrawStretches()
+    {
+        for (const ProfileStretch& stretch : m_content.stretches) {
+            const double from = std::max(m_scale.XAt(stretch.view.first), m_area.left());
+            const double to = std::min(m_scale.XAt(stretch.view.End()), m_area.right());
+            // A stretch of less than a pixel must still be seen.
+            constexpr double kNarrowest = 3.0;
+            if (to < from)
+                continue;
+            m_painter.fillRect(
+                QRectF(from, m_area.top(), std::max(to - from, kNarrowest), m_area.height()),
+                stretch.side == ProfileSide::Left ? kLeftStretch : kRightStretch);
+        }
+    }
+
+    void DrawValueAxis()
+    {
+        constexpr double kRoomPerTick = 34.0;
+        const auto ticks = AxisTicks(m_scale.low, m_scale.high,
+            std::max(static_cast<int>(m_area.height() / kRoomPerTick), 2));
+        for (const AxisTick& tick : ticks) {
+            const double y = m_scale.YAt(tick.value);
+            DrawLine(m_area.left(), y, m_area.right(), y, kGridColour);
+            DrawLine(m_area.left() - kTickLength, y, m_area.left(), y, kFrameColour);
+            DrawText(m_area.left() - kTickLength - 3.0, y + m_metrics.capHeight() / 2.0, tick.text,
+                Align::Right, kInk);
+        }
+    }
+
+    int PixelTickRoom() const
+    {
+        constexpr double kRoomPerTick = 90.0;
+        return std::max(static_cast<int>(m_area.width() / kRoomPerTick), 2);
+    }
+
+    double RowBaseline(int row) const
+    {
+        return m_area.bottom() + kTickLength + (row + 1) * kTickRowHeight - 4.0;
+    }
+
+    void DrawPixelAxis()
+    {
+        const ProfileView& view = m_scale.view;
+        for (const AxisTick& tick : AxisTicks(view.first, view.End(), PixelTickRoom())) {
+            const double x = m_scale.XAt(tick.value);
+            DrawLine(x, m_area.top(), x, m_area.bottom(), kGridColour);
+            DrawLine(x, m_area.bottom(), x, m_area.bottom() + kTickLength, kFrameColour);
+            DrawTickText(x, RowBaseline(0), tick.text, kInk);
+        }
+        DrawText(m_area.left() - kTickLength - 3.0, RowBaseline(0), "px", Align::Right, kSoftInk);
+    }
+
+    void DrawMillimetreAxis()
+    {
+        const double pitch = m_content.cameras.pixelPitchMm;
+        if (pitch <= 0.0)
+            return;
+        const ProfileView& view = m_scale.view;
+        for (const AxisTick& tick :
+            AxisTicks(view.first * pitch, view.End() * pitch, PixelTickRoom()))
+            DrawTickText(m_scale.XAt(tick.value / pitch), RowBaseline(1), tick.text, kSoftInk);
+        DrawText(m_area.left() - kTickLength - 3.0, RowBaseline(1), "mm", Align::Right, kSoftInk);
+    }
+
+    /// The letters of the cameras in the band above the plot, and a line at each boundary.
+    void DrawCameras()
+    {
+        const ProfileCameras& cameras = m_content.cameras;
+        const double bandTop = m_area.top() - kCameraBandHeight;
+        for (int camera = 0; camera < cameras.Count(); ++camera) {
+            const auto end = static_cast<double>(cameras.End(camera));
+            const double from =
+                std::max(m_scale.XAt(static_cast<double>(cameras.Start(camera))), m_area.left());
+            const double to = std::min(m_scale.XAt(end), m_area.right());
+            const bool isBoundary = camera + 1 < cameras.Count();
+            if (isBoundary && end > m_scale.view.first && end < m_scale.view.End())
+                DrawLine(to, bandTop, to, m_area.bottom(), kBoundaryColour, Qt::DashLine);
+            constexpr double kRoomForLetter = 10.0;
+            if (to - from >= kRoomForLetter)
+                DrawText((from + to) / 2.0, m_area.top() - 4.0,
+                    std::string(1, ProfileCameras::Letter(camera)), Align::Centre, kBoundaryColour);
+        }
+    }
+
+    void DrawCurves()
+    {
+        m_painter.save();
+        m_painter.setClipRect(m_area.adjusted(0, 0, 0.5, 0.5));
+        std::size_t extra = 0;
+        for (const ProfileLine::ExtraTrace& trace : m_content.line->extras)
+            DrawCurve(trace.trace, kExtraTraces[extra++ % std::size(kExtraTraces)]);
+        const bool isGray = m_content.shown == ShownColour::Gray;
+        if (!isGray && (m_content.shown == ShownColour::All || m_content.scene.everyPlane)) {
+            for (const ShownColour plane :
+                {ShownColour::Red, ShownColour::Green, ShownColour::Blue}) {
+                QColor colour = TraceColour(plane);
+                constexpr int kSeeThrough = 190;
+                colour.setAlpha(kSeeThrough);
+                DrawCurve(m_content.line->Of(PlaneOf(plane)), colour);
+            }
+        } else {
+            DrawCurve(m_content.line->Of(PlaneOf(m_content.shown)), TraceColour(m_content.shown));
+        }
+        m_painter.restore();
+    }
+
+    void DrawCurve(const ProfileLine::Trace& trace, const QColor& colour)
+    {
+        if (trace.samples.empty())
+            return;
+        const double unitsPerSample = m_scale.width / m_scale.view.length;
+        if (unitsPerSample >= kSmoothFrom)
+            DrawSamples(trace, colour, unitsPerSample);
+        else if (m_painter.paintEngine()->type() == QPaintEngine::Raster)
+            DrawColumnsAsFills(trace, colour);
+        else
+            DrawColumnsAsLine(trace, colour);
+    }
+
+    void DrawSamples(const ProfileLine::Trace& trace, const QColor& colour, double unitsPerSample)
+    {
+        const CurveSamples inView = SamplesInView(trace.samples, m_scale.view);
+        QPolygonF points;
+        points.reserve(static_cast<qsizetype>(inView.samples.size()));
+        double pixel = static_cast<double>(inView.first) + 0.5;
+        for (const std::uint8_t sample : inView.samples) {
+            points.append({m_scale.XAt(pixel), m_scale.YAt(sample)});
+            pixel += 1.0;
+        }
+        m_painter.setRenderHint(QPainter::Antialiasing, true);
+        m_painter.setPen(QPen(colour, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        m_painter.drawPolyline(points);
+        if (unitsPerSample >= kDotsFrom) {
+            m_painter.setPen(QPen(colour, 4.5, Qt::SolidLine, Qt::RoundCap));
+            m_painter.drawPoints(points);
+        }
+        m_painter.setRenderHint(QPainter::Antialiasing, false);
+    }
+
+    double DeviceScale() const { return std::max(m_painter.deviceTransform().m11(), 0.1); }
+
+    /// On a raster each column is one fill of device pixels: several times faster than lines, and
+    /// without a line's rounding.
+    void DrawColumnsAsFills(const ProfileLine::Trace& trace, const QColor& colour)
+    {
+        const double unit = 1.0 / DeviceScale();
+        const CurveColumns curve = SumUpColumns(trace.samples, trace.pyramid, m_scale.view,
+            static_cast<int>(std::lround(m_scale.width / unit)));
+        const double perValue = m_scale.height / (m_scale.high - m_scale.low);
+        double x = m_scale.XAt(curve.firstPixel);
+        const double step = curve.pixelsPerColumn / m_scale.view.length * m_scale.width;
+        for (const SampleRange& range : curve.columns) {
+            if (!range.IsEmpty()) {
+                const double top = m_scale.YAt(range.highest);
+                m_painter.fillRect(
+                    QRectF(x, top, unit, (range.highest - range.lowest) * perValue + unit), colour);
+            }
+            x += step;
+        }
+    }
+
+    /// On paper and in vector files the columns become one line through their lowest and highest.
+    void DrawColumnsAsLine(const ProfileLine::Trace& trace, const QColor& colour)
+    {
+        const int columns = std::min(
+            static_cast<int>(m_scale.width * std::max(DeviceScale(), 1.0)), kMostVectorColumns);
+        const CurveColumns curve =
+            SumUpColumns(trace.samples, trace.pyramid, m_scale.view, columns);
+        QPolygonF points;
+        points.reserve(static_cast<qsizetype>(2 * curve.columns.size()));
+        bool endedLow = false;
+        double pixel = curve.firstPixel + curve.pixelsPerColumn / 2.0;
+        for (const SampleRange& range : curve.columns) {
+            const double x = m_scale.XAt(pixel);
+            pixel += curve.pixelsPerColumn;
+            if (range.IsEmpty())
+                continue;
+            const double high = m_scale.YAt(range.highest);
+            const double low = m_scale.YAt(range.lowest);
+            points.append({x, endedLow ? low : high});
+            if (range.highest != range.lowest) {
+                points.append({x, endedLow ? high : low});
+                endedLow = !endedLow;
+            }
+        }
+        m_painter.setPen(QPen(colour, 0.7, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
+        m_painter.drawPolyline(points);
+    }
+
+    void DrawLevels()
+    {
+        for (const ProfileLevel& level : m_content.scene.levels) {
+            const double y = m_scale.YAt(level.value);
+            const double from = std::max(m_scale.XAt(level.from), m_area.left());
+            const double to = std::min(m_scale.XAt(level.to), m_area.right());
+            if (y < m_area.top() || y > m_area.bottom() || from >= to)
+                continue;
+            DrawLine(from, y, to, y, TintColour(level.tint), Qt::DashLine);
+        }
+        DrawLevelLabels();
+    }
+
+    /// Labels of levels stand above their lines, the lower of two below, so that close ones do not
+    /// cover each other.
+    void DrawLevelLabels()
+    {
+        const auto& levels = m_content.scene.levels;
+        for (const ProfileLevel& level : levels) {
+            const bool isLower = std::any_of(levels.begin(), levels.end(),
+                [&](const ProfileLevel& other) { return other.value > level.value; });
+            const double y = m_scale.YAt(level.value);
+            const double baseline = isLower ? y + m_metrics.ascent() + 2.0 : y - 4.0;
+            DrawBoxedText(
+                m_area.right() - 6.0, baseline, level.label, Align::Right, TintColour(level.tint));
+        }
+    }
+
+    void DrawMarks()
+    {
+        for (const ProfileMark& mark : m_content.scene.marks) {
+            const double x = m_scale.XAt(mark.pixel);
+            if (x < m_area.left() || x > m_area.right())
+                continue;
+            DrawLine(x, m_area.top(), x, m_area.bottom(), TintColour(mark.tint), Qt::DashLine);
+            if (!mark.label.empty())
+                DrawBoxedText(x + 5.0, m_area.top() + m_metrics.ascent() + 4.0, mark.label,
+                    Align::Left, TintColour(mark.tint));
+        }
+    }
+
+    void DrawTitle()
+    {
+        if (!m_content.scene.title.empty())
+            DrawText(m_area.left(), kTitleHeight - 6.0, m_content.scene.title, Align::Left, kInk);
+    }
+
+    enum class Align { Left, Centre, Right };
+
+    double AlignedLeft(double x, double width, Align align) const
+    {
+        if (align == Align::Left)
+            return x;
+        return align == Align::Right ? x - width : x - width / 2.0;
+    }
+
+    void DrawText(
+        double x, double baseline, const std::string& text, Align align, const QColor& colour)
+    {
+        const QString shown = QString::fromStdString(text);
+        const double width = align == Align::Left ? 0.0 : m_metrics.horizontalAdvance(shown);
+        m_painter.setPen(colour);
+        m_painter.drawText(QPointF(AlignedLeft(x, width, align), baseline), shown);
+    }
+
+    /// A tick's text, centred under it but kept within the drawing.
+    void DrawTickText(double x, double baseline, const std::string& text, const QColor& colour)
+    {
+        const QString shown = QString::fromStdString(text);
+        const double width = m_metrics.horizontalAdvance(shown);
+        const double left = std::min(x - width / 2.0, m_size.width() - width - 1.0);
+        m_painter.setPen(colour);
+        m_painter.drawText(QPointF(left, baseline), shown);
+    }
+
+    void DrawBoxedText(
+        double x, double baseline, const std::string& text, Align align, const QColor& colour)
+    {
+        const double width = m_metrics.horizontalAdvance(QString::fromStdString(text));
+        const double left = AlignedLeft(x, width, align);
+        m_painter.fillRect(
+            QRectF(left - 3.0, baseline - m_metrics.ascent(), width + 6.0, m_metrics.height()),
+            QColor(255, 255, 255, 215));
+        DrawText(left, baseline, text, Align::Left, colour);
+    }
+
+    void DrawLine(double x1, double y1, double x2, double y2, const QColor& colour,
+        Qt::PenStyle style = Qt::SolidLine)
+    {
+        // Width 0 is one device pixel on a screen, but a hair on paper.
+        const bool onScreen = m_painter.paintEngine()->type() == QPaintEngine::Raster;
+        m_painter.setPen(QPen(colour, onScreen ? 0.0 : 0.5, style));
+        m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
+    }
+
+    QPainter& m_painter;
+    QSizeF m_size;
+    const ProfilePlotContent& m_content;
+    ProfileScale m_scale;
+    QRectF m_area;
+    QFont m_font;
+    QFontMetricsF m_metrics;
+};
+
+} // namespace
+
+QColor TraceColour(ShownColour shown)
+{
+    switch (shown) {
+    case ShownColour::Red:
+        return {205, 20, 20};
+    case ShownColour::Green:
+        return {0, 140, 30};
+    case ShownColour::Blue:
+        return {20, 70, 215};
+    case ShownColour::Gray:
+    case ShownColour::All:
+        break;
+    }
+    return {60, 64, 70};
+}
+
+ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size)
+{
+    ProfileScale scale;
+    scale.view = content.scene.view;
+    scale.view.length = std::max(scale.view.length, 1.0);
+    scale.low = content.scene.low;
+    scale.high = std::max(content.scene.high, scale.low + 1.0);
+    const double above = (content.scene.title.empty() ? 6.0 : kTitleHeight) + kCameraBandHeight;
+    const int tickRows = content.cameras.pixelPitchMm > 0.0 ? 2 : 1;
+    scale.left = kLeftMargin;
+    // Whole units keep the frame, the grid and the columns of a raster on device pixels.
+    scale.top = std::floor(above);
+    scale.width = std::max(std::floor(size.width() - kLeftMargin - kRightMargin), 1.0);
+    scale.height = std::max(
+        std::floor(size.height() - above - kTickLength - tickRows * kTickRowHeight - 2.0), 1.0);
+    return scale;
+}
+
+void DrawProfilePlot(QPainter& painter, QSizeF size, const ProfilePlotContent& content)
+{
+    PlotDrawing(painter, size, content).Draw();
+}
+
+namespace {
+
+QString CursorText(const CursorReading& reading)
+{
+    QString text = QStringLiteral("px %1").arg(reading.pixel);
+    if (reading.positionMm)
+        text += QStringLiteral("   %1 mm").arg(*reading.positionMm, 0, 'f', 2);
+    if (reading.camera)
+        text += QStringLiteral("   camera %1")
+                    .arg(QLatin1Char(ProfileCameras::Letter(*reading.camera)));
+    return text + QStringLiteral("   %1").arg(reading.value);
+}
+
+} // namespace
+
+void DrawProfileCursor(
+    QPainter& painter, QSizeF size, const ProfilePlotContent& content, const CursorReading& reading)
+{
+    const ProfileScale scale = ScaleOf(content, size);
+    const double x = scale.XAt(static_cast<double>(reading.pixel) + 0.5);
+    const double y = scale.YAt(reading.value);
+    if (x < scale.left || x > scale.Right())
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(QColor(40, 44, 50, 150), 0));
+    painter.drawLine(QPointF(x, scale.top), QPointF(x, scale.Bottom()));
+    painter.setPen(QPen(kAccent, 1.5));
+    painter.setBrush(Qt::white);
+    if (y >= scale.top && y <= scale.Bottom())
+        painter.drawEllipse(QPointF(x, y), 3.5, 3.5);
+
+    const QFont font = FontOfHeight(kSansFace, kFontHeight);
+    const QFontMetricsF metrics(font);
+    const QString text = CursorText(reading);
+    QRectF box(0, 0, metrics.horizontalAdvance(text) + 12.0, metrics.height() + 6.0);
+    // The box changes sides before it would leave the plot.
+    constexpr double kGap = 8.0;
+    const bool fitsRight = x + kGap + box.width() <= scale.Right();
+    box.moveTo(fitsRight ? x + kGap : std::max(x - kGap - box.width(), scale.left),
+        scale.Bottom() - box.height() - kGap);
+    painter.setPen(QPen(kFrameColour, 0.8));
+    painter.setBrush(QColor(255, 255, 240, 235));
+    painter.drawRoundedRect(box, 3, 3);
+    painter.setFont(font);
+    painter.setPen(kInk);
+    painter.drawText(box, Qt::AlignCenter, text);
+    painter.restore();
+}
+
+} // namespace vireo
