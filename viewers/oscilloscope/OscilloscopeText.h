@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewers/controls/ProfileLine.h"
-#include "viewers/controls/ProfilePlot.h"
+#include "viewers/controls/ProfileView.h"
 
 #include <cstdint>
 #include <string>
