@@ -1,9 +1,13 @@
 #include "viewers/oscilloscope/OscilloscopeText.h"
 
 #include "platform/Text.h"
+#include "viewers/controls/ProfileAnalysis.h"
+#include "viewers/controls/ProfileScene.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 namespace vireo {
 
@@ -94,6 +98,24 @@ std::string CursorText(const CursorReading& reading, const ProfileLine& line, Sh
     if (shown == ShownColour::All)
         return text + ValuesText(reading.pixel, line);
     return text + std::string(ColourName(shown)) + Format(" %d", reading.value);
+}
+
+std::string FocusText(const ProfileLine& line, const ProfileCameras& cameras, ShownColour shown)
+{
+    const std::span<const std::uint8_t> samples = line.Of(PlaneOf(shown)).samples;
+    const auto length = static_cast<std::int64_t>(samples.size());
+    std::string text = "Focus";
+    for (int camera = 0; camera < cameras.Count(); ++camera) {
+        const std::int64_t start = cameras.Start(camera);
+        const std::int64_t end = std::min(cameras.End(camera), length);
+        if (cameras.pixels[static_cast<std::size_t>(camera)] < ProfileCameras::kFewestPixels
+            || start >= end)
+            continue;
+        const double figure = FocusFigure(samples.subspan(
+            static_cast<std::size_t>(start), static_cast<std::size_t>(end - start)));
+        text += Format("   %c %.1f", ProfileCameras::Letter(camera), figure);
+    }
+    return text;
 }
 
 std::string LineText(std::int64_t line, std::int64_t lineCount)

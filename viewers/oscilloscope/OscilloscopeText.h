@@ -31,6 +31,10 @@ std::string PositionText(const CursorReading& reading);
 /// planes are named when all are shown.
 std::string CursorText(const CursorReading& reading, const ProfileLine& line, ShownColour shown);
 
+/// The focus figure of each camera's samples in the shown plane, as "Focus   A 12.3   B 9.8"; only
+/// "Focus" when no camera has samples.
+std::string FocusText(const ProfileLine& line, const ProfileCameras& cameras, ShownColour shown);
+
 /// "Line 3 of 24"; `line` counts from 0.
 std::string LineText(std::int64_t line, std::int64_t lineCount);
 
