@@ -7,7 +7,7 @@ endif()
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(VIREO_CCACHE ccache)
-if(VIREO_CCACHE)
+if(VIREO_CCACHE AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${VIREO_CCACHE})
 endif()
 
@@ -21,6 +21,16 @@ target_compile_options(vireo_options INTERFACE
 # A relative __FILE__ keeps the build folder out of programs and makes compiler caches shareable.
 target_compile_options(vireo_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
+# Files come from anywhere, so users get the compiler's cheap nets as well. (The sanitizers bring
+# their own; glibc's checks need optimised code.)
+if(NOT VIREO_SANITIZE AND NOT VIREO_FUZZ)
+  target_compile_options(vireo_options INTERFACE -fstack-protector-strong)
+  target_compile_definitions(vireo_options INTERFACE $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+  if(NOT WIN32)
+    target_link_options(vireo_options INTERFACE -Wl,-z,relro,-z,now)
+  endif()
+endif()
+
 if(WIN32)
   target_compile_definitions(vireo_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
                              _WIN32_WINNT=0x0A00 __USE_MINGW_ANSI_STDIO=1)
@@ -30,6 +40,8 @@ endif()
 if(VIREO_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
+  # The standard library then checks indexes of vectors, spans and strings too.
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
