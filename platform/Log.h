@@ -21,10 +21,15 @@ namespace vireo {
 bool log_Init(
     std::string_view programName, std::string_view extension, const std::filesystem::path& folder);
 
+/// Closes the log file; what is logged from now on is kept for the next log_Init.
+void log_Close();
+
 /// The file the log goes to; empty before log_Init and when it failed.
 std::filesystem::path log_FilePath();
 
 void Log_Msg(std::string_view message);
+
+// The message, a blank where it does not end with one, and the value.
 void Log_Msg_Int(std::string_view message, long long value);
 void Log_Msg_Txt(std::string_view message, std::string_view value);
 void Log_Msg_Double(std::string_view message, double value);

@@ -9,7 +9,8 @@ namespace vireo {
 enum class MessageIcon { None, Information, Exclamation, Stop };
 
 /// Where messages to the user go: message boxes in the viewer, standard error in the command-line
-/// program, a recorder in tests.
+/// program, a recorder in tests. A sink that shows captions puts the program's title where the
+/// caption is empty.
 class MessageSink {
 public:
     virtual ~MessageSink() = default;
