@@ -1,0 +1,22 @@
+#include "platform/Console.h"
+
+#include <unistd.h>
+
+namespace vireo {
+
+std::vector<std::string> ProgramArguments(int argc, const char* const* argv)
+{
+    return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
+}
+
+void SetUpStandardOutput()
+{
+    // Bytes pass unchanged, and terminals expect UTF-8.
+}
+
+bool StandardErrorIsTerminal()
+{
+    return isatty(STDERR_FILENO) == 1;
+}
+
+} // namespace vireo

@@ -1,0 +1,40 @@
+#include "platform/Console.h"
+
+#include "platform/windows/WideText.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <memory>
+// These need windows.h before them.
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+
+namespace vireo {
+
+std::vector<std::string> ProgramArguments(int, const char* const*)
+{
+    // What main gets is in the system's code page, which lacks most characters.
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(&LocalFree)> texts(
+        CommandLineToArgvW(GetCommandLineW(), &count), LocalFree);
+    std::vector<std::string> arguments;
+    for (int i = 1; texts && i < count; ++i)
+        arguments.push_back(Utf8FromWide(texts.get()[i]));
+    return arguments;
+}
+
+void SetUpStandardOutput()
+{
+    _setmode(_fileno(stdout), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+bool StandardErrorIsTerminal()
+{
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
+} // namespace vireo
