@@ -17,7 +17,8 @@ public:
     TempFolder()
     {
         const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        std::string name = test ? std::string(test->test_suite_name()) + "-" + test->name() : "test";
+        std::string name =
+            test ? std::string(test->test_suite_name()) + "-" + test->name() : "test";
         for (char& c : name)
             c = c == '/' ? '-' : c;
         const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();

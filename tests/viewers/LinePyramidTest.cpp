@@ -1,5 +1,4 @@
 #include "viewers/controls/LinePyramid.h"
-
 #include "viewers/controls/ProfileCurve.h"
 
 #include <gtest/gtest.h>
@@ -41,8 +40,7 @@ TEST_P(LinePyramidLengths, FindsWhatASearchFinds)
             EXPECT_TRUE(range.IsEmpty());
             continue;
         }
-        const auto [low, high]
-            = std::minmax_element(samples.begin() + from, samples.begin() + to);
+        const auto [low, high] = std::minmax_element(samples.begin() + from, samples.begin() + to);
         ASSERT_EQ(range.lowest, *low) << first << " to " << end;
         ASSERT_EQ(range.highest, *high) << first << " to " << end;
     }
@@ -61,8 +59,8 @@ TEST(ProfileCurve, KeepsASpikeOfOnePixelAtEveryPlaceAndZoom)
     pyramid.Build(samples);
     for (const double length : {10000.0, 7777.7, 1200.3}) {
         for (const std::int64_t spike : spikes) {
-            const ProfileView view
-                = ProfileView{static_cast<double>(spike) - length / 3.0, length}.Within(10000);
+            const ProfileView view =
+                ProfileView{static_cast<double>(spike) - length / 3.0, length}.Within(10000);
             const CurveColumns curve = SumUpColumns(samples, pyramid, view, 311);
             const auto column = static_cast<std::size_t>(
                 (static_cast<double>(spike) + 0.5 - curve.firstPixel) / curve.pixelsPerColumn);

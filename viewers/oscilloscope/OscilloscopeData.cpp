@@ -41,7 +41,7 @@ OscilloscopeResult OscilloscopeData::Read(const std::filesystem::path& path)
         return OscilloscopeResult::IsKitbag;
     if (header.IsNoiseTest())
         return OscilloscopeResult::IsNoiseTest;
-    if (header.IsLightProfile())
+    if (header.IsLightProfile() || header.IsG3LightProfile())
         return OscilloscopeResult::IsLightProfile;
     if (!header.IsOscilloscope() && !header.IsMtf())
         return OscilloscopeResult::WrongKind;
