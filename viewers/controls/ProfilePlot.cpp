@@ -8,6 +8,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPolygonF>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -24,6 +25,7 @@ constexpr double kCameraBandHeight = 16.0;
 constexpr double kTickRowHeight = 16.0;
 constexpr double kTickLength = 4.0;
 constexpr int kFontHeight = 12;
+constexpr double kUnitLeft = 2.0;
 
 /// From this many logical units a sample, a curve runs through its samples as a smooth line; below,
 /// each column covers the values of its samples.
@@ -171,7 +173,7 @@ private:
             DrawLine(x, m_area.bottom(), x, m_area.bottom() + kTickLength, kFrameColour);
             DrawTickText(x, RowBaseline(0), tick.text, kInk);
         }
-        DrawText(m_area.left() - kTickLength - 3.0, RowBaseline(0), "px", Align::Right, kSoftInk);
+        DrawText(kUnitLeft, RowBaseline(0), "px", Align::Left, kSoftInk);
     }
 
     void DrawMillimetreAxis()
@@ -183,7 +185,7 @@ private:
         for (const AxisTick& tick :
             AxisTicks(view.first * pitch, view.End() * pitch, PixelTickRoom()))
             DrawTickText(m_scale.XAt(tick.value / pitch), RowBaseline(1), tick.text, kSoftInk);
-        DrawText(m_area.left() - kTickLength - 3.0, RowBaseline(1), "mm", Align::Right, kSoftInk);
+        DrawText(kUnitLeft, RowBaseline(1), "mm", Align::Left, kSoftInk);
     }
 
     /// The letters of the cameras in the band above the plot, and a line at each boundary.
@@ -209,7 +211,7 @@ private:
     void DrawCurves()
     {
         m_painter.save();
-        m_painter.setClipRect(m_area.adjusted(0, 0, 0.5, 0.5));
+        m_painter.setClipRect(m_area.toAlignedRect());
         std::size_t extra = 0;
         for (const ProfileLine::ExtraTrace& trace : m_content.line->extras)
             DrawCurve(trace.trace, kExtraTraces[extra++ % std::size(kExtraTraces)]);
@@ -235,7 +237,7 @@ private:
         const double unitsPerSample = m_scale.width / m_scale.view.length;
         if (unitsPerSample >= kSmoothFrom)
             DrawSamples(trace, colour, unitsPerSample);
-        else if (m_painter.paintEngine()->type() == QPaintEngine::Raster)
+        else if (IsRaster())
             DrawColumnsAsFills(trace, colour);
         else
             DrawColumnsAsLine(trace, colour);
@@ -252,8 +254,7 @@ private:
             pixel += 1.0;
         }
         m_painter.setRenderHint(QPainter::Antialiasing, true);
-        m_painter.setPen(QPen(colour, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        m_painter.drawPolyline(points);
+        DrawSmoothLine(points, colour);
         if (unitsPerSample >= kDotsFrom) {
             m_painter.setPen(QPen(colour, 4.5, Qt::SolidLine, Qt::RoundCap));
             m_painter.drawPoints(points);
@@ -261,26 +262,52 @@ private:
         m_painter.setRenderHint(QPainter::Antialiasing, false);
     }
 
+    /// A line of one unit. A raster draws lines of one device pixel five times faster than any
+    /// wider ones, so there a wider line is several of these, one under the other.
+    void DrawSmoothLine(const QPolygonF& points, const QColor& colour)
+    {
+        if (!IsRaster()) {
+            m_painter.setPen(QPen(colour, 1.0));
+            m_painter.drawPolyline(points);
+            return;
+        }
+        m_painter.setPen(QPen(colour, 0));
+        const int lines = std::max(static_cast<int>(std::lround(DeviceScale())), 1);
+        for (int line = 0; line < lines; ++line)
+            m_painter.drawPolyline(points.translated(0.0, line / DeviceScale()));
+    }
+
+    bool IsRaster() const { return m_painter.paintEngine()->type() == QPaintEngine::Raster; }
     double DeviceScale() const { return std::max(m_painter.deviceTransform().m11(), 0.1); }
 
-    /// On a raster each column is one fill of device pixels: several times faster than lines, and
-    /// without a line's rounding.
+    /// On a raster each column is one fill of whole device pixels: several times faster than lines,
+    /// and without a line's rounding.
     void DrawColumnsAsFills(const ProfileLine::Trace& trace, const QColor& colour)
     {
-        const double unit = 1.0 / DeviceScale();
+        const QTransform toDevice = m_painter.deviceTransform();
+        const QRectF area = toDevice.mapRect(m_area);
         const CurveColumns curve = SumUpColumns(trace.samples, trace.pyramid, m_scale.view,
-            static_cast<int>(std::lround(m_scale.width / unit)));
-        const double perValue = m_scale.height / (m_scale.high - m_scale.low);
-        double x = m_scale.XAt(curve.firstPixel);
-        const double step = curve.pixelsPerColumn / m_scale.view.length * m_scale.width;
+            static_cast<int>(std::lround(area.width())));
+        const double perValue = area.height() / (m_scale.high - m_scale.low);
+        const int thickness = std::max(static_cast<int>(std::lround(toDevice.m11())), 1);
+        const auto yAt = [&](int value) {
+            return static_cast<int>(std::lround(area.top() + (m_scale.high - value) * perValue));
+        };
+        QVarLengthArray<QRect, 4096> fills;
+        const double step = curve.pixelsPerColumn / m_scale.view.length * area.width();
+        double x = toDevice.map(QPointF(m_scale.XAt(curve.firstPixel), 0.0)).x();
         for (const SampleRange& range : curve.columns) {
-            if (!range.IsEmpty()) {
-                const double top = m_scale.YAt(range.highest);
-                m_painter.fillRect(
-                    QRectF(x, top, unit, (range.highest - range.lowest) * perValue + unit), colour);
-            }
+            if (!range.IsEmpty())
+                fills.append(QRect(static_cast<int>(std::lround(x)), yAt(range.highest), 1,
+                    yAt(range.lowest) - yAt(range.highest) + thickness));
             x += step;
         }
+        m_painter.save();
+        m_painter.setTransform(toDevice.inverted() * m_painter.transform());
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(colour);
+        m_painter.drawRects(fills.constData(), static_cast<int>(fills.size()));
+        m_painter.restore();
     }
 
     /// On paper and in vector files the columns become one line through their lowest and highest.
@@ -401,8 +428,7 @@ private:
         Qt::PenStyle style = Qt::SolidLine)
     {
         // Width 0 is one device pixel on a screen, but a hair on paper.
-        const bool onScreen = m_painter.paintEngine()->type() == QPaintEngine::Raster;
-        m_painter.setPen(QPen(colour, onScreen ? 0.0 : 0.5, style));
+        m_painter.setPen(QPen(colour, IsRaster() ? 0.0 : 0.5, style));
         m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
     }
 
