@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <vector>
 
@@ -159,9 +158,9 @@ TEST_P(ProfileSceneCases, ShowsTheStretchAndSaysTheResult)
     const SceneCase& row = GetParam();
     const ProfileScene scene =
         ComposeScene(row.request, data.line, ShownColour::Green, data.cameras);
-    EXPECT_DOUBLE_EQ(scene.view.first, row.view.first);
-    EXPECT_DOUBLE_EQ(scene.view.length, row.view.length);
-    EXPECT_EQ(scene.title, row.title);
+    EXPECT_DOUBLE_EQ(scene.view.first, row.view.first) << row.name;
+    EXPECT_DOUBLE_EQ(scene.view.length, row.view.length) << row.name;
+    EXPECT_EQ(scene.title, row.title) << row.name;
 }
 
 constexpr auto kLeft = ProfileSide::Left;
@@ -184,12 +183,9 @@ INSTANTIATE_TEST_SUITE_P(Modes, ProfileSceneCases,
         SceneCase{"right edge and width", {ProfileMode::ScanWidth, kRight, 0}, {1836, 128},
             "Width between edges 1800.00 px = 90.00 mm"},
         SceneCase{"transitions of the planes", {ProfileMode::VerticalPositioning, kLeft, 1},
-            {952, 96}, "Transition from pixel 1000: Blue +5.00"}),
-    [](const auto& info) {
-        std::string name = info.param.name;
-        std::erase_if(name, [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); });
-        return name;
-    });
+            {952, 96}, "Transition from pixel 1000: Blue +5.00"}));
+return name;
+});
 
 TEST(ProfileScene, HasAnAnswerForEveryRequestOnAnyLine)
 {
