@@ -296,7 +296,6 @@ void CLPFControle::mouseMoveEvent(QMouseEvent* event)
 void CLPFControle::wheelEvent(QWheelEvent* event)
 {
     const QPoint turned = event->angleDelta();
-    const ProfileScale scale = ScaleOf(m_content, size());
     if (std::abs(turned.x()) > std::abs(turned.y())) {
         constexpr double kWidthPerStep = 0.1;
         SetView(
