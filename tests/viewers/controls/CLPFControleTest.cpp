@@ -143,11 +143,11 @@ protected:
         QTest::qWait(1);
     }
 
+    ProfileScale Scale() const { return ScaleOf(control.Content(), control.size()); }
+
     QPoint PointAt(double pixel) const
     {
-        return {
-            static_cast<int>(std::lround(ScaleOf(control.Content(), control.size()).XAt(pixel))),
-            150};
+        return {static_cast<int>(std::lround(Scale().XAt(pixel))), 150};
     }
 
     void TurnWheel(QPoint point, int eighths)
@@ -165,9 +165,10 @@ protected:
 TEST_F(CLPFControleTest, ClicksZoomAtThePointer)
 {
     const QPoint point = PointAt(5000.0);
+    const double pixel = Scale().PixelAt(point.x());
     QTest::mouseClick(&control, Qt::LeftButton, {}, point);
     EXPECT_DOUBLE_EQ(control.View().length, 10000.0);
-    EXPECT_NEAR(ScaleOf(control.Content(), control.size()).XAt(5000.0), point.x(), 0.6);
+    EXPECT_NEAR(Scale().XAt(pixel), point.x(), 1e-6);
     QTest::mouseClick(&control, Qt::RightButton, {}, point);
     EXPECT_DOUBLE_EQ(control.View().length, 20000.0);
     QTest::mouseClick(&control, Qt::RightButton, {}, point);
@@ -177,9 +178,10 @@ TEST_F(CLPFControleTest, ClicksZoomAtThePointer)
 TEST_F(CLPFControleTest, TheWheelZoomsAtThePointerAndSumsUpFineSteps)
 {
     const QPoint point = PointAt(15000.0);
+    const double pixel = Scale().PixelAt(point.x());
     TurnWheel(point, 120);
     EXPECT_DOUBLE_EQ(control.View().length, 16000.0);
-    EXPECT_NEAR(ScaleOf(control.Content(), control.size()).XAt(15000.0), point.x(), 0.6);
+    EXPECT_NEAR(Scale().XAt(pixel), point.x(), 1e-6);
     TurnWheel(point, 60);
     EXPECT_DOUBLE_EQ(control.View().length, 16000.0);
     TurnWheel(point, 60);
