@@ -1,0 +1,133 @@
+#include "viewers/controls/CViewerDialog.h"
+
+#include "platform/Message.h"
+#include "resources/ControlIds.h"
+#include "resources/StringTable.h"
+#include "viewers/controls/CAboutDlg.h"
+#include "viewers/controls/QtText.h"
+#include "viewers/controls/Resources.h"
+
+#include <QLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace vireo {
+
+CViewerDialog::CViewerDialog(QWidget* parent)
+    : QDialog(parent,
+        Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint
+            | Qt::WindowCloseButtonHint),
+      m_menuBar(new QMenuBar(this)),
+      m_fileMenu(m_menuBar->addMenu(QStringLiteral("&File"))),
+      m_helpMenu(m_menuBar->addMenu(QStringLiteral("&Help")))
+{
+    // One icon of many sizes: the system takes a big and a small one from it.
+    setWindowIcon(ApplicationIcon());
+    m_fileMenuEnd = m_fileMenu->addSeparator();
+    m_fileMenu->addAction(
+        QStringLiteral("E&xit"), QKeySequence(QKeySequence::Close), this, &QDialog::reject);
+}
+
+void CViewerDialog::OnInitDialog()
+{
+    AddAboutCommand();
+    if (layout())
+        layout()->setMenuBar(m_menuBar);
+    LoadAcceleratorTable(kAcceleratorTable);
+}
+
+void CViewerDialog::AddAboutCommand()
+{
+    const std::string_view text = LoadStringResource(StringId::kAboutCommand);
+    if (text.empty())
+        return;
+    m_helpMenu->addAction(
+        QStringFromText(text), QKeySequence(Qt::Key_F1), this, &CViewerDialog::OnAbout);
+#ifdef _WIN32
+    const auto window = reinterpret_cast<HWND>(winId());
+    if (HMENU systemMenu = GetSystemMenu(window, FALSE)) {
+        AppendMenuW(systemMenu, MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(
+            systemMenu, MF_STRING, CommandId::kAbout, QStringFromText(text).toStdWString().c_str());
+    }
+#endif
+}
+
+bool CViewerDialog::nativeEvent(const QByteArray& eventType, void* message, qintptr* result)
+{
+#ifdef _WIN32
+    const auto* native = static_cast<const MSG*>(message);
+    if (native->message == WM_SYSCOMMAND
+        && (native->wParam & CommandId::kSystemCommandMask) == CommandId::kAbout) {
+        OnAbout();
+        *result = 0;
+        return true;
+    }
+#endif
+    return QDialog::nativeEvent(eventType, message, result);
+}
+
+QMenu& CViewerDialog::ViewMenu()
+{
+    if (!m_viewMenu) {
+        m_viewMenu = new QMenu(QStringLiteral("&View"), this);
+        m_menuBar->insertMenu(m_helpMenu->menuAction(), m_viewMenu);
+    }
+    return *m_viewMenu;
+}
+
+void CViewerDialog::AddToFileMenu(QAction* action)
+{
+    m_fileMenu->insertAction(m_fileMenuEnd, action);
+}
+
+void CViewerDialog::LoadAcceleratorTable(const char* name)
+{
+    const auto table = LoadAccelerators(QLatin1String(name));
+    if (!table) {
+        ShowMessage("Load Accel Failed");
+        return;
+    }
+    for (const auto& [keys, command] : *table) {
+        QAction*& action = m_accelerators[command];
+        if (action) {
+            action->setShortcuts(action->shortcuts() << keys);
+            continue;
+        }
+        action = new QAction(this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this,
+            [this, number = command] { OnAcceleratorCommand(number); });
+        addAction(action);
+    }
+}
+
+QAction* CViewerDialog::AcceleratorAction(int command) const
+{
+    const auto found = m_accelerators.find(command);
+    return found == m_accelerators.end() ? nullptr : found->second;
+}
+
+void CViewerDialog::OnAcceleratorCommand(int) { }
+
+void CViewerDialog::OnAbout()
+{
+    CAboutDlg(this).exec();
+}
+
+void CViewerDialog::paintEvent(QPaintEvent* event)
+{
+    QDialog::paintEvent(event);
+    if (!isMinimized())
+        return;
+    // Systems that show a minimised window at all show its icon.
+    QPainter painter(this);
+    windowIcon().paint(&painter, rect());
+}
+
+} // namespace vireo

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QDialog>
+
+#include <map>
+
+class QMenu;
+class QMenuBar;
+
+namespace vireo {
+
+/// What all viewer dialogs have in common: icon, a window that can be maximised and minimised, a
+/// slim menu bar, "&About Vireo..." and the accelerator table.
+///
+/// A derived class makes its controls and layout in its constructor and then calls OnInitDialog(),
+/// which adds the rest.
+class CViewerDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit CViewerDialog(QWidget* parent = nullptr);
+
+    /// The name of the accelerator table of all viewers.
+    static constexpr const char* kAcceleratorTable = "IDR_ACCELERATOR_VIREO";
+
+protected:
+    /// Adds "&About Vireo..." to the system menu where there is one, and to the menu bar's help
+    /// menu; puts the menu bar above the dialog's layout; loads the accelerator table. Once only.
+    virtual void OnInitDialog();
+
+    /// Menus that a dialog may add its actions to. They appear in this order, and the view menu
+    /// only when somebody asks for it. The file menu ends with "E&xit": use AddToFileMenu.
+    QMenu& ViewMenu();
+    QMenu& HelpMenu() { return *m_helpMenu; }
+    void AddToFileMenu(QAction* action);
+
+    /// Loads a table and applies it to the keys of this dialog from now on. A missing table gives
+    /// the message "Load Accel Failed", and the dialog goes on without.
+    void LoadAcceleratorTable(const char* name);
+    /// The action behind an accelerator, to be given a text and put into a menu, where it shows its
+    /// keys; null for a command that no accelerator gives.
+    QAction* AcceleratorAction(int command) const;
+
+    /// A command of the accelerator table, or of the action behind it.
+    virtual void OnAcceleratorCommand(int command);
+
+    /// Shows the about box, modally.
+    virtual void OnAbout();
+
+    void paintEvent(QPaintEvent* event) override;
+    bool nativeEvent(const QByteArray& eventType, void* message, qintptr* result) override;
+
+private:
+    void AddAboutCommand();
+
+    QMenuBar* m_menuBar;
+    QMenu* m_fileMenu;
+    QMenu* m_viewMenu = nullptr;
+    QMenu* m_helpMenu;
+    QAction* m_fileMenuEnd = nullptr; ///< What the dialog's own actions stand above.
+    std::map<int, QAction*> m_accelerators;
+};
+
+} // namespace vireo
