@@ -31,6 +31,8 @@ public:
     void Discard();
 
 private:
+    /// A name beside the target that nobody can foresee.
+    static std::filesystem::path TemporaryName(const std::filesystem::path& target);
     FileStatus FlushBuffer();
 
     std::filesystem::path m_target;

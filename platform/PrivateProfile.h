@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace vireo {
 
@@ -26,15 +27,16 @@ public:
         std::string_view defaultValue, std::size_t bufferSize = 260) const;
 
     /// The leading decimal integer of the value (sign allowed); 0 when the value does not start
-    /// with one, `defaultValue` when the key is missing.
+    /// with one, `defaultValue` when the key is missing or has no value at all.
     int ReadInt(std::string_view section, std::string_view key, int defaultValue) const;
 
     /// Sets a key, adding section and key when they are missing; everything else in the file, its
     /// comments and its kind of line ends included, stays as it is. The file is created when it is
-    /// missing and replaced completely or not at all.
+    /// missing and replaced completely or not at all. Failed for a name that no reader would find
+    /// again, such as a key with a '='.
     FileStatus WriteString(
         std::string_view section, std::string_view key, std::string_view value) const;
-    /// Removes a key, or with no key the whole section.
+    /// Removes a key, or with no key the whole section; Ok when there is none.
     FileStatus Remove(std::string_view section, std::optional<std::string_view> key) const;
 
 private:

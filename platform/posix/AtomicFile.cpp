@@ -1,0 +1,133 @@
+#include "platform/AtomicFile.h"
+
+#include "platform/posix/SystemError.h"
+
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace vireo {
+
+namespace {
+
+/// The file that a link at `target` leads to, or `target` itself: the link is to stay a link.
+std::filesystem::path BehindLinks(const std::filesystem::path& target)
+{
+    constexpr int kMostLinks = 40;
+    std::filesystem::path path = target;
+    std::error_code error;
+    for (int links = 0; links < kMostLinks; ++links) {
+        const std::filesystem::path next = std::filesystem::read_symlink(path, error);
+        if (error)
+            break;
+        path = path.parent_path() / next;
+    }
+    return path;
+}
+
+/// What may be put at the target: nothing stands there, or a regular file that we may write to.
+FileStatus CheckTarget(const std::filesystem::path& target, std::optional<mode_t>& permissions)
+{
+    struct stat information = {};
+    if (stat(target.c_str(), &information) != 0)
+        return errno == ENOENT ? FileStatus::Ok : StatusFromError(errno);
+    if (S_ISDIR(information.st_mode))
+        return FileStatus::IsFolder;
+    if (!S_ISREG(information.st_mode))
+        return FileStatus::Failed;
+    permissions = information.st_mode & 07777;
+    // Renaming asks the folder only; a file that its owner has protected stays protected.
+    return access(target.c_str(), W_OK) == 0 ? FileStatus::Ok : StatusFromError(errno);
+}
+
+/// Makes the renaming itself lasting. Some file systems cannot, which takes nothing from the file.
+void FlushFolder(const std::filesystem::path& file)
+{
+    const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+} // namespace
+
+AtomicFile::~AtomicFile()
+{
+    Discard();
+}
+
+FileStatus AtomicFile::Open(const std::filesystem::path& target)
+{
+    Discard();
+    if (target.empty() || HoldsZeroByte(target))
+        return m_status = FileStatus::NotFound;
+    m_target = BehindLinks(target);
+    std::optional<mode_t> permissions;
+    m_status = CheckTarget(m_target, permissions);
+    if (m_status != FileStatus::Ok)
+        return m_status;
+
+    const std::filesystem::path temporary = TemporaryName(m_target);
+    m_descriptor = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (m_descriptor < 0)
+        return m_status = StatusFromError(errno);
+    m_temporary = temporary;
+    if (permissions && fchmod(m_descriptor, *permissions) != 0) {
+        // Rather no new file than one that more people may read than the old one.
+        const FileStatus status = StatusFromError(errno);
+        Discard();
+        m_status = status;
+    }
+    return m_status;
+}
+
+FileStatus AtomicFile::FlushBuffer()
+{
+    std::span<const std::uint8_t> rest = m_buffer;
+    while (m_status == FileStatus::Ok && !rest.empty()) {
+        const ssize_t count = write(m_descriptor, rest.data(), rest.size());
+        if (count >= 0)
+            rest = rest.subspan(static_cast<std::size_t>(count));
+        else if (errno != EINTR)
+            m_status = StatusFromError(errno);
+    }
+    m_buffer.clear();
+    return m_status;
+}
+
+FileStatus AtomicFile::Commit()
+{
+    if (m_descriptor < 0)
+        return m_status;
+    FileStatus status = FlushBuffer();
+    if (status == FileStatus::Ok && fsync(m_descriptor) != 0)
+        status = StatusFromError(errno);
+    if (close(std::exchange(m_descriptor, -1)) != 0 && status == FileStatus::Ok)
+        status = StatusFromError(errno);
+    if (status == FileStatus::Ok && rename(m_temporary.c_str(), m_target.c_str()) != 0)
+        status = StatusFromError(errno);
+    if (status == FileStatus::Ok) {
+        m_temporary.clear();
+        FlushFolder(m_target);
+    }
+    Discard();
+    return status;
+}
+
+void AtomicFile::Discard()
+{
+    if (m_descriptor >= 0)
+        close(std::exchange(m_descriptor, -1));
+    if (!m_temporary.empty())
+        unlink(m_temporary.c_str());
+    m_temporary.clear();
+    m_buffer.clear();
+    m_status = FileStatus::Failed;
+}
+
+} // namespace vireo

@@ -1,0 +1,105 @@
+#include "platform/AtomicFile.h"
+
+#include "platform/windows/SystemError.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vireo {
+
+namespace {
+
+/// What may be put at the target: nothing stands there, or a file that may be written to.
+FileStatus CheckTarget(const std::filesystem::path& target)
+{
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const DWORD error = GetLastError();
+        return error == ERROR_FILE_NOT_FOUND ? FileStatus::Ok : StatusFromError(error);
+    }
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return FileStatus::IsFolder;
+    return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? FileStatus::AccessDenied : FileStatus::Ok;
+}
+
+/// Puts the temporary file in the target's place. Replacing keeps the target's attributes and
+/// access rights, so it is tried first; it needs a target and a file system that can do it.
+bool MoveIntoPlace(const std::filesystem::path& temporary, const std::filesystem::path& target)
+{
+    return ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+               nullptr, nullptr)
+        || MoveFileExW(
+            temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+} // namespace
+
+AtomicFile::~AtomicFile()
+{
+    Discard();
+}
+
+FileStatus AtomicFile::Open(const std::filesystem::path& target)
+{
+    Discard();
+    if (target.empty() || HoldsZeroByte(target))
+        return m_status = FileStatus::NotFound;
+    m_target = target;
+    m_status = CheckTarget(m_target);
+    if (m_status != FileStatus::Ok)
+        return m_status;
+
+    const std::filesystem::path temporary = TemporaryName(m_target);
+    const HANDLE handle = CreateFileW(
+        temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return m_status = StatusFromError(GetLastError());
+    m_handle = handle;
+    m_temporary = temporary;
+    return m_status;
+}
+
+FileStatus AtomicFile::FlushBuffer()
+{
+    constexpr std::size_t kLargestWrite = std::size_t{1} << 30;
+    std::span<const std::uint8_t> rest = m_buffer;
+    while (m_status == FileStatus::Ok && !rest.empty()) {
+        DWORD count = 0;
+        const auto wanted = static_cast<DWORD>(std::min(rest.size(), kLargestWrite));
+        if (WriteFile(m_handle, rest.data(), wanted, &count, nullptr))
+            rest = rest.subspan(count);
+        else
+            m_status = StatusFromError(GetLastError());
+    }
+    m_buffer.clear();
+    return m_status;
+}
+
+FileStatus AtomicFile::Commit()
+{
+    if (m_handle == nullptr)
+        return m_status;
+    FileStatus status = FlushBuffer();
+    if (status == FileStatus::Ok && !FlushFileBuffers(m_handle))
+        status = StatusFromError(GetLastError());
+    CloseHandle(std::exchange(m_handle, nullptr));
+    if (status == FileStatus::Ok && !MoveIntoPlace(m_temporary, m_target))
+        status = StatusFromError(GetLastError());
+    if (status == FileStatus::Ok)
+        m_temporary.clear();
+    Discard();
+    return status;
+}
+
+void AtomicFile::Discard()
+{
+    if (m_handle != nullptr)
+        CloseHandle(std::exchange(m_handle, nullptr));
+    if (!m_temporary.empty())
+        DeleteFileW(m_temporary.c_str());
+    m_temporary.clear();
+    m_buffer.clear();
+    m_status = FileStatus::Failed;
+}
+
+} // namespace vireo
