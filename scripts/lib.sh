@@ -50,7 +50,8 @@ run_tests() {
 
 # project_files PATTERN...: the project's own files that match, each ended by a zero byte.
 project_files() {
-    git -C "$root" ls-files -z --cached --others --exclude-standard -- "$@"
+    # The clone may be another user's, as with sudo; only its list of files is asked for.
+    git -C "$root" -c "safe.directory=$root" ls-files -z --cached --others --exclude-standard -- "$@"
 }
 
 # Seconds as people read them.
