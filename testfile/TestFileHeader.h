@@ -4,6 +4,8 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,7 +14,7 @@ namespace vireo {
 /// What came of loading a header from a file.
 enum class [[nodiscard]] HeaderResult{
     Ok,
-    NothingRead,           ///< The file is empty or cannot be read.
+    NothingRead,           ///< The file is empty or cannot be read, or begins with byte 0xCD.
     NoDataPointer,         ///< There is no '=' in the first 100 bytes.
     BadDataPointer,        ///< The offset is zero, negative or not a number.
     DataPointerBeyondFile, ///< The offset lies behind the end of the file.
@@ -40,6 +42,8 @@ public:
     static constexpr std::size_t kMaxHeaderBytes = 1024 * 1024;
     /// How much of a file is read to recognise it.
     static constexpr std::size_t kProbeBytes = 100;
+    /// The data offset takes this many characters behind the first '='.
+    static constexpr std::size_t kDataOffsetCharacters = 10;
     /// Codes of CameraUsed and Color that stand for several.
     static constexpr int kAllCameras = 255;
     static constexpr int kColorAll = 3;
@@ -60,8 +64,11 @@ public:
     /// against any file.
     std::int32_t DataOffset() const;
 
-    /// Whether the text holds a section tag, such as "[MTF]".
-    bool HasTag(std::string_view tag) const;
+    /// Whether the text holds a key, which includes its '=', anywhere.
+    bool HasKey(std::string_view key) const { return m_text.find(key) != std::string::npos; }
+
+    /// Whether the text holds a section tag, such as "[MTF]", anywhere.
+    bool HasTag(std::string_view tag) const { return m_text.find(tag) != std::string::npos; }
     bool IsLightProfile() const;
     bool IsG3LightProfile() const;
     bool IsLiveOscilloscope() const;
@@ -88,15 +95,21 @@ public:
     HeaderValue<int> Resolution() const; ///< Dots per inch.
     HeaderValue<bool> ColorScanner() const;
     HeaderValue<bool> Corrected() const;
+    /// Fails for every value that does not begin with 'T' or 't', so for "FALSE" too.
     HeaderValue<bool> IsSigned32Profile() const;
     HeaderValue<int> ScannerWidth() const; ///< In 1/1200 inch.
+    /// Fails unless all three integers convert.
     HeaderValue<std::array<int, 3>> CenterLines() const;
+    /// The integers that convert; those after the first that does not are 0.
     HeaderValue<std::array<int, 3>> Magnification() const;
     HeaderValue<int> CameraCount() const;
     HeaderValue<int> CameraPixels(int camera) const; ///< Camera 0 (A) to 7 (H).
-    HeaderValue<int> CameraUsed() const;             ///< 0 to 3, or kAllCameras.
+    /// 0 to 3, or kAllCameras. The letters "E" to "H" read back as 0: files say so, and the tools
+    /// that read them have always taken it that way.
+    HeaderValue<int> CameraUsed() const;
     HeaderValue<int> SelectedCamera() const;
-    HeaderValue<int> Color() const;  ///< 0 red, 1 green, 2 blue, kColorGray, kColorInterleaved.
+    /// 0 red, 1 green, 2 blue, kColorGray, kColorInterleaved. "NONE" reads back as green.
+    HeaderValue<int> Color() const;
     HeaderValue<int> Height() const; ///< Lines.
     HeaderValue<int> Length() const;
     HeaderValue<int> Width() const; ///< Pixels.
@@ -110,7 +123,8 @@ public:
     HeaderValue<std::string> Kestrel6Build() const;
     HeaderValue<bool> UsesDefaultDirectory() const; ///< "KvMT_ContScanUseDefaultDirectory=".
 
-    // Generic readers; the key includes its '='.
+    // Generic readers; the key includes its '='. A truth value is true when it begins with 't' or
+    // 'T'; an integer is read like ParseInteger does.
     HeaderValue<bool> ReadBool(std::string_view key) const;
     HeaderValue<std::string> ReadText(std::string_view key) const;
     HeaderValue<int> ReadInteger(std::string_view key) const;
@@ -159,12 +173,16 @@ public:
     /// Appends `revision` and a line end.
     void WriteProgramRevision(std::string_view revision);
     /// Appends the content of the text file beside the test program (or, where that is not loaded,
-    /// beside this program): the module's name with "txt" for its last three characters. Nothing is
-    /// appended when there is no such file or it has 100 bytes or more.
+    /// beside this program) and a line end.
     void WriteProgramRevision();
+    /// The same for a given module: its text file has the module's name with "txt" for the last
+    /// three characters. Nothing is appended when there is no such file, when it has 100 bytes or
+    /// more, or when the name is shorter than three characters.
+    void WriteProgramRevisionOf(const std::filesystem::path& module);
 
     /// Writes the length of the text, as "%10d", over the 10 characters behind the first '=': the
-    /// data block then begins right behind the last header line.
+    /// data block then begins right behind the last header line. Nothing happens where there are
+    /// not as many characters.
     void FixUpDataOffset();
 
     /// Appends "[Kitbag]\nDataPointer=%10d\n", or writes it over the first characters of the text.
@@ -172,6 +190,17 @@ public:
     void OverwriteKitbagTag(int dataOffset);
 
 private:
+    /// The text behind the first occurrence of a key up to the next CR or LF.
+    HeaderValue<std::string_view> ValueOf(std::string_view key) const;
+    HeaderValue<bool> ReadCapitalTruth(std::string_view key) const;
+
+    void WriteTag(std::string_view tag);
+    void WriteTagAndPlaceholder(std::string_view tag);
+    void WriteLine(std::string_view key, std::string_view value);
+    void WriteLine(std::string_view key, int value);
+    void WriteLine(std::string_view key, const std::array<int, 3>& values);
+    void WriteTruth(std::string_view key, bool value);
+
     std::string m_text;
 };
 
@@ -191,7 +220,10 @@ struct OldFileHeader {
     std::int32_t width = 0;      ///< At 28: pixels (line length of a noise file).
     std::int32_t height = 0;     ///< At 32: lines.
 
-    /// Reads the first 48 bytes of a file; false when there are not as many.
+    /// Takes the fields from the first 48 of `bytes`; false, and all zeros, when there are not as
+    /// many.
+    bool Parse(std::span<const std::uint8_t> bytes);
+    /// The same for the first 48 bytes of a file.
     bool Load(const PositionalFile& file);
 };
 
