@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -12,13 +13,22 @@ namespace vireo {
 /// closing quote of a quoted network path becomes a trailing blank.
 std::string CutFileName(std::string_view commandLine);
 
-/// The file to open for a command line: the line itself when it names an existing path, else what
-/// CutFileName gives. Empty for an empty line.
+/// The file to open for a command line: the line itself, or the line without one pair of quotes
+/// around it, when that names an existing path; else what CutFileName gives. Empty for an empty
+/// line.
 std::string FileToLoad(
     std::string_view commandLine, const std::function<bool(std::string_view)>& exists);
 
-/// The raw command line behind the program's name, from the arguments of main: as typed for one
-/// argument, joined by blanks for several. (On Windows the viewer takes the system's own text.)
+/// The raw command line behind the program's name, from the arguments of main without that name: as
+/// typed for one argument, joined by blanks for several. (On Windows the viewer takes the system's
+/// own text.)
 std::string RawCommandLine(const std::vector<std::string>& arguments);
+
+/// The longest file name that the main dialog takes, in characters of the text it is given.
+inline constexpr std::size_t kFileToLoadCharacters = 256;
+
+/// What the main dialog keeps of the file name it is given: the first kFileToLoadCharacters of it,
+/// up to a zero, without double quotes.
+std::string CopyFileToLoad(std::string_view text);
 
 } // namespace vireo

@@ -60,15 +60,27 @@ struct Recognition {
     std::optional<std::int64_t> dataOffset;
 };
 
+/// The viewers of a file without a tag and without a known old type: the text of its first bytes is
+/// tested once more, each test by itself, so that several can match and then open one after the
+/// other.
+std::vector<std::string_view> FallbackViewers(std::string_view text);
+
 /// Recognises a file by its first 100 bytes, or as many as there are, and its name: section tags
 /// first, then TIFF (by its first bytes or its extension), then the old 48-byte header.
 Recognition Recognise(std::span<const std::uint8_t> firstBytes, const std::filesystem::path& name);
 
-/// The same for a file on disk.
-FileStatus RecogniseFile(const std::filesystem::path& path, Recognition& recognition);
-
 /// Whether the first line of a file is "[Kitbag]"; such a file is a packed dump even where a
 /// member's tag lies within the first 100 bytes and decides which viewer opens.
 bool BeginsAsKitbag(std::span<const std::uint8_t> firstBytes);
+
+/// What decides for a file whose first line is "[Kitbag]".
+enum class KitbagRule {
+    DispatchOrder, ///< The first tag found, as for every file: the viewer.
+    FirstLine,     ///< It is a packed dump: the command-line program.
+};
+
+/// Recognises a file on disk.
+FileStatus RecogniseFile(const std::filesystem::path& path, Recognition& recognition,
+    KitbagRule rule = KitbagRule::DispatchOrder);
 
 } // namespace vireo
