@@ -1,0 +1,170 @@
+#include "platform/AtomicFile.h"
+#include "tests/TempFolder.h"
+
+#include <vector>
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace vireo {
+namespace {
+
+std::size_t FilesIn(const std::filesystem::path& folder)
+{
+    const std::filesystem::directory_iterator files(folder);
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+}
+
+TEST(AtomicFile, TheOldFileStandsUntilCommit)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    std::string expected;
+    {
+        AtomicFile file;
+        ASSERT_EQ(file.Open(target), FileStatus::Ok);
+        for (int line = 0; line < 100'000; ++line) {
+            expected += "line " + std::to_string(line) + "\n";
+            ASSERT_EQ(file.Write("line " + std::to_string(line) + "\n"), FileStatus::Ok);
+        }
+        EXPECT_EQ(TempFolder::Read(target), "old");
+        EXPECT_EQ(file.Commit(), FileStatus::Ok);
+        EXPECT_EQ(TempFolder::Read(target), expected);
+        EXPECT_NE(file.Commit(), FileStatus::Ok) << "there is nothing to commit twice";
+        EXPECT_NE(file.Write("more"), FileStatus::Ok);
+    }
+    EXPECT_EQ(TempFolder::Read(target), expected);
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
+TEST(AtomicFile, WithoutCommitThereIsNoTrace)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    for (const char* const name : {"target", "new"}) {
+        AtomicFile file;
+        ASSERT_EQ(file.Open(folder.Path() / name), FileStatus::Ok);
+        ASSERT_EQ(file.Write("new"), FileStatus::Ok);
+    }
+    EXPECT_EQ(TempFolder::Read(target), "old");
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
+TEST(AtomicFile, OneObjectWritesOneFileAfterAnother)
+{
+    const TempFolder folder;
+    AtomicFile file;
+    ASSERT_EQ(file.Open(folder.Path() / "given up"), FileStatus::Ok);
+    ASSERT_EQ(file.Write("x"), FileStatus::Ok);
+    ASSERT_EQ(file.Open(folder.Path() / "kept"), FileStatus::Ok);
+    ASSERT_EQ(file.Write("y"), FileStatus::Ok);
+    EXPECT_EQ(file.Commit(), FileStatus::Ok);
+    EXPECT_EQ(TempFolder::Read(folder.Path() / "kept"), "y");
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+
+TEST(AtomicFile, TargetsThatCannotBeWritten)
+{
+    const TempFolder folder;
+    EXPECT_EQ(WriteFileAtomically(folder.Path(), "x"), FileStatus::IsFolder);
+    EXPECT_EQ(WriteFileAtomically(folder.Path() / "no" / "file", "x"), FileStatus::NotFound);
+    EXPECT_EQ(WriteFileAtomically({}, "x"), FileStatus::NotFound);
+    EXPECT_EQ(
+        WriteFileAtomically(folder.Path() / std::string("a\0b", 3), "x"), FileStatus::NotFound);
+    AtomicFile unopened;
+    EXPECT_NE(unopened.Write("x"), FileStatus::Ok);
+    EXPECT_NE(unopened.Commit(), FileStatus::Ok);
+    EXPECT_EQ(FilesIn(folder.Path()), 0U);
+}
+
+TEST(AtomicFile, AReadOnlyFileIsLeftAlone)
+{
+#ifndef _WIN32
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the administrator may write everything";
+#endif
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    constexpr auto kWrite = std::filesystem::perms::owner_write
+        | std::filesystem::perms::group_write | std::filesystem::perms::others_write;
+    std::filesystem::permissions(target, kWrite, std::filesystem::perm_options::remove);
+    EXPECT_EQ(WriteFileAtomically(target, "new"), FileStatus::AccessDenied);
+    EXPECT_EQ(TempFolder::Read(target), "old");
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+    std::filesystem::permissions(target, kWrite, std::filesystem::perm_options::add);
+}
+
+#ifndef _WIN32
+TEST(AtomicFile, KeepsPermissionsAndLinks)
+{
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.Path() / "sub");
+    const auto target = folder.Write("sub/target", "old");
+    ASSERT_EQ(chmod(target.c_str(), 0640), 0);
+    const auto link = folder.Path() / "link";
+    std::filesystem::create_symlink("sub/target", link);
+    EXPECT_EQ(WriteFileAtomically(link, "new"), FileStatus::Ok);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(TempFolder::Read(target), "new");
+    EXPECT_EQ(std::filesystem::status(target).permissions(), std::filesystem::perms{0640});
+}
+
+TEST(AtomicFile, AFolderThatTakesNoFiles)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "the administrator may write everywhere";
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0500), 0);
+    EXPECT_EQ(WriteFileAtomically(target, "new"), FileStatus::AccessDenied);
+    EXPECT_EQ(WriteFileAtomically(folder.Path() / "other", "new"), FileStatus::AccessDenied);
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0700), 0);
+    EXPECT_EQ(TempFolder::Read(target), "old");
+}
+
+/// Lets no file of this process grow beyond a size, while it lives, as a full disk does.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit = {bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    rlimit m_before = {};
+    void (*m_handler)(int) = nullptr;
+};
+
+TEST(AtomicFile, AWriteThatFailsHalfway)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    const std::string block(400'000, 'x');
+    {
+        const FileSizeLimit limit(1'000'000);
+        AtomicFile file;
+        ASSERT_EQ(file.Open(target), FileStatus::Ok);
+        EXPECT_EQ(file.Write(block), FileStatus::Ok);
+        EXPECT_EQ(file.Write(block), FileStatus::Ok);
+        EXPECT_EQ(file.Write(block), FileStatus::TooLarge);
+        EXPECT_EQ(file.Write("small"), FileStatus::TooLarge) << "the first failure is kept";
+        EXPECT_EQ(file.Commit(), FileStatus::TooLarge);
+    }
+    EXPECT_EQ(TempFolder::Read(target), "old");
+    EXPECT_EQ(FilesIn(folder.Path()), 1U);
+}
+#endif
+
+} // namespace
+} // namespace vireo
