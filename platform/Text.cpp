@@ -257,6 +257,8 @@ double ParseDouble(std::string_view text)
     auto result = ReadUnsigned(HexadecimalDigits(number), std::chars_format::hex, value);
     if (result.ec == std::errc::invalid_argument)
         result = ReadUnsigned(number, std::chars_format::general, value);
+    if (result.ec == std::errc::invalid_argument)
+        return 0; // Not even the sign of a text such as "-x" counts.
     if (result.ec == std::errc::result_out_of_range) {
         const auto length = static_cast<std::size_t>(result.ptr - number.data());
         value = OutOfRangeValue(number.substr(0, length));
