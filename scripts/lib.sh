@@ -31,11 +31,15 @@ configure() {
     (cd "$root" && quietly "build/logs/configure-$preset.log" cmake --preset "$preset" "$@")
 }
 
-# compile PRESET [TARGET...]: builds what changed; ninja's own line shows how far it is.
+# compile PRESET [TARGET...]: builds what changed; ninja's own line shows how far it is. Silent when
+# there is nothing to do.
 compile() {
     local preset=$1
     shift
-    (cd "$root/build/$preset" && ninja "$@")
+    (
+        cd "$root/build/$preset"
+        [[ $(ninja -n "$@" 2>&1) == *"no work to do."* ]] || ninja "$@"
+    )
 }
 
 # run_tests PRESET: runs the tests of a build and says how many cases its test programs held.
