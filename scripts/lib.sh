@@ -37,7 +37,7 @@ compile() {
     local preset=$1
     shift
     (
-        cd "$root/build/$preset"
+        cd "$root/build/$preset" || exit
         [[ $(ninja -n "$@" 2>&1) == *"no work to do."* ]] || ninja "$@"
     )
 }
