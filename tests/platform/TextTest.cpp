@@ -156,10 +156,10 @@ TEST(ParseInteger, Table)
 
 TEST(ParseDouble, AgreesWithTheCLibraryInTheCLocale)
 {
-    const char* const texts[] = {"", "0", "1.5", "-1.5", "+1.5", " \t\n2.25x", "1e3", "1e+3", "1e",
-        "1e-", ".5", "5.", ".", "-.", "-", "+-1", "--1", "1,5", "1e999", "-1e999", "1e-999",
-        "4.9e-324", "2e-324", "0x10", "0x1.8p1", "-0x1p-2", "0x", "0xg", "inf", "-Infinity", "infx",
-        "123456789012345678901234567890", "0.1", "2.2250738585072011e-308", "1 2", "e5"};
+    const char* const texts[] = {"0", "-0", "1.5", "-1.5", "+1.5", " \t\n2.25x", "1e3", "1e+3",
+        "1e", "1e-", ".5", "5.", "1,5", "1e999", "-1e999", "1e-999", "-1e-999", "4.9e-324",
+        "2e-324", "0x10", "0x1.8p1", "-0x1p-2", "0x", "0xg", "inf", "-Infinity", "infx",
+        "123456789012345678901234567890", "0.1", "2.2250738585072011e-308", "1 2"};
     for (const char* const text : texts) {
         const double expected = std::strtod(text, nullptr);
         const double value = ParseDouble(text);
@@ -168,6 +168,14 @@ TEST(ParseDouble, AgreesWithTheCLibraryInTheCLocale)
     }
     EXPECT_TRUE(std::isnan(ParseDouble("nan")));
     EXPECT_EQ(ParseDouble(std::string_view("12345").substr(0, 2)), 12);
+}
+
+TEST(ParseDouble, WhatIsNoNumberGivesZero)
+{
+    for (const char* const text : {"", " ", ".", "-.", "-", "+-1", "--1", "e5", ",5", "x"}) {
+        EXPECT_EQ(ParseDouble(text), 0) << text;
+        EXPECT_FALSE(std::signbit(ParseDouble(text))) << text;
+    }
 }
 
 TEST(Text, IgnoringCaseIsAsciiOnly)
