@@ -184,8 +184,6 @@ INSTANTIATE_TEST_SUITE_P(Modes, ProfileSceneCases,
             "Width between edges 1800.00 px = 90.00 mm"},
         SceneCase{"transitions of the planes", {ProfileMode::VerticalPositioning, kLeft, 1},
             {952, 96}, "Transition from pixel 1000: Blue +5.00"}));
-return name;
-});
 
 TEST(ProfileScene, HasAnAnswerForEveryRequestOnAnyLine)
 {
