@@ -178,10 +178,12 @@ INSTANTIATE_TEST_SUITE_P(Modes, ProfileSceneCases,
             "Camera B at A | B: mean 190.0, step +10.0 (+5.6 %)"},
         SceneCase{"the last camera is shown with its left neighbour",
             {ProfileMode::LightProfile, kLeft, 1}, {938, 62}, "Camera A at A | B: mean 180.0"},
-        SceneCase{"left edge", {ProfileMode::ScanWidth, kLeft, 0}, {36, 128},
-            "Left edge at 100.00 px = 5.00 mm"},
+        // Half way from 20 to the bright level of 190 is 105: 75/160 before the centre of pixel
+        // 100.
+        SceneCase{"left edge", {ProfileMode::ScanWidth, kLeft, 0}, {36.03125, 128},
+            "Left edge at 100.03 px = 5.00 mm"},
         SceneCase{"right edge and width", {ProfileMode::ScanWidth, kRight, 0}, {1836, 128},
-            "Width between edges 1800.00 px = 90.00 mm"},
+            "Width between edges 1799.97 px = 90.00 mm"},
         SceneCase{"transitions of the planes", {ProfileMode::VerticalPositioning, kLeft, 1},
             {952, 96}, "Transition from pixel 1000: Blue +5.00"}));
 

@@ -41,7 +41,7 @@ int Percentile(const std::array<std::uint64_t, 256>& histogram, std::uint64_t co
 
 /// The first sample of a lasting rise above `threshold`, as an index of the sequence.
 template <typename Iterator>
-std::optional<std::ptrdiff_t> FirstLastingRise(Iterator begin, Iterator end, int threshold)
+std::optional<std::ptrdiff_t> FirstLastingRise(Iterator begin, Iterator end, double threshold)
 {
     const auto isBright = [threshold](std::uint8_t value) { return value >= threshold; };
     auto at = std::find_if(begin, end, isBright);
@@ -55,14 +55,14 @@ std::optional<std::ptrdiff_t> FirstLastingRise(Iterator begin, Iterator end, int
 }
 
 /// How far in front of the centre of the first bright sample the signal crosses the threshold.
-double CrossingBefore(int dark, int bright, int threshold)
+double CrossingBefore(int dark, int bright, double threshold)
 {
-    return bright > dark ? static_cast<double>(bright - threshold) / (bright - dark) : 0.0;
+    return bright > dark ? (bright - threshold) / (bright - dark) : 0.0;
 }
 
 /// The edge as a distance from the sequence's outer end; nothing when the first sample is bright.
 template <typename Iterator>
-std::optional<double> EdgeFromEnd(Iterator begin, Iterator end, int threshold)
+std::optional<double> EdgeFromEnd(Iterator begin, Iterator end, double threshold)
 {
     const auto rise = FirstLastingRise(begin, end, threshold);
     if (!rise || *rise == 0)
@@ -82,7 +82,7 @@ TargetEdges FindTargetEdges(std::span<const std::uint8_t> samples)
     const int bright = Percentile(histogram, samples.size(), 0.75);
     if (samples.empty() || bright - dark < kFewestLevelsApart)
         return {};
-    const int threshold = (dark + bright) / 2;
+    const double threshold = (dark + bright) / 2.0;
     TargetEdges edges;
     edges.left = EdgeFromEnd(samples.begin(), samples.end(), threshold);
     if (const auto fromRight = EdgeFromEnd(samples.rbegin(), samples.rend(), threshold))

@@ -1,0 +1,102 @@
+// Takes the pictures of the manual and the README: opens each dialog on a sample, clicks what the
+// picture is about, and saves what the window shows. docs/screenshots/take runs it.
+//
+//     vireo-screenshots SAMPLES OUT [NAME...]
+//
+// QT_SCALE_FACTOR=2 gives the same pictures at 200 %.
+
+#include "app/ViewerTable.h"
+#include "platform/Message.h"
+#include "viewers/controls/QtText.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Shot {
+    const char* name;   ///< Of the picture, without ".png".
+    const char* viewer; ///< Class of the dialog.
+    const char* sample;
+    QSize size;
+    std::vector<const char*> clicks; ///< Object names of buttons, in order.
+};
+
+const Shot kShots[] = {
+    {"oscilloscope", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760}, {}},
+};
+
+/// The top window that is open now: a modal dialog.
+QWidget* OpenDialog()
+{
+    return QApplication::activeModalWidget();
+}
+
+bool Click(QWidget& dialog, const char* buttonName)
+{
+    auto* button = dialog.findChild<QAbstractButton*>(QString::fromLatin1(buttonName));
+    if (!button)
+        return false;
+    QTest::mouseClick(button, Qt::LeftButton);
+    return true;
+}
+
+/// Arranges the open dialog and saves its picture. Returns whether all went as planned.
+bool Photograph(const Shot& shot, const QString& target)
+{
+    QWidget* const dialog = OpenDialog();
+    if (!dialog)
+        return false;
+    dialog->resize(shot.size);
+    QTest::qWait(150);
+    bool good = true;
+    for (const char* const button : shot.clicks)
+        good = Click(*dialog, button) && good;
+    QTest::qWait(150);
+    good = dialog->grab().save(target) && good;
+    dialog->close();
+    return good;
+}
+
+bool Take(const Shot& shot, const std::filesystem::path& samples, const QString& folder)
+{
+    vireo::ViewerTable viewers = vireo::ProgramViewers();
+    const QString target = folder + QLatin1Char('/') + QLatin1String(shot.name) + ".png";
+    bool good = false;
+    // Messages are part of some samples; nobody is there to close their boxes.
+    const vireo::MessageRecorder messages;
+    QTimer::singleShot(300, [&] { good = Photograph(shot, target); });
+    viewers.OpenViewer(shot.viewer, samples / shot.sample, nullptr);
+    std::printf("%s %s\n", good ? "took" : "FAILED", qPrintable(target));
+    return good;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 3) {
+        std::fprintf(stderr, "usage: vireo-screenshots SAMPLES OUT [NAME...]\n");
+        return 2;
+    }
+    const QStringList wanted = arguments.mid(3);
+    QDir().mkpath(arguments[2]);
+    bool good = true;
+    for (const Shot& shot : kShots)
+        if (wanted.isEmpty() || wanted.contains(QLatin1String(shot.name)))
+            good = Take(shot, vireo::PathFromQString(arguments[1]), arguments[2]) && good;
+    return good ? 0 : 1;
+}
