@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,10 @@ namespace vireo {
 /// The program's arguments behind its name, in UTF-8; taken from main's where these are complete,
 /// else from the system.
 std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
+
+/// The whole command line as it was given, the program's name included, in UTF-8; nothing on
+/// systems that keep its arguments only.
+std::optional<std::string> WholeCommandLine();
 
 /// Lets standard output pass on bytes as they are, and a console show them as UTF-8.
 void SetUpStandardOutput();

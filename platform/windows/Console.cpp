@@ -25,6 +25,11 @@ std::vector<std::string> ProgramArguments(int, const char* const*)
     return arguments;
 }
 
+std::optional<std::string> WholeCommandLine()
+{
+    return Utf8FromWide(GetCommandLineW());
+}
+
 void SetUpStandardOutput()
 {
     _setmode(_fileno(stdout), _O_BINARY);
