@@ -1,0 +1,11 @@
+#include "app/ViewerTable.h"
+
+namespace vireo {
+
+ViewerTable ProgramViewers()
+{
+    ViewerTable viewers;
+    return viewers;
+}
+
+} // namespace vireo

@@ -1,0 +1,46 @@
+#include "app/FileCheck.h"
+#include "tests/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+using namespace vireo;
+
+namespace {
+std::vector<std::filesystem::path> WaitForMissing(FileCheck& check)
+{
+    for (;;) {
+        if (auto missing = check.TakeMissing())
+            return *missing;
+        std::this_thread::yield();
+    }
+}
+} // namespace
+
+TEST(FileCheckTest, NamesTheMissingFilesInOrder)
+{
+    const TempFolder folder;
+    const auto there = folder.Write("there.con", "x");
+    const auto gone = folder.Path() / "gone.con";
+    const auto inNoFolder = folder.Path() / "no" / "folder.con";
+    FileCheck check;
+    check.Start({gone, there, inNoFolder});
+    EXPECT_EQ(WaitForMissing(check), (std::vector{gone, inNoFolder}));
+    EXPECT_FALSE(check.TakeMissing()) << "An answer is given once.";
+}
+
+TEST(FileCheckTest, OnlyTheLastQuestionIsAnswered)
+{
+    const TempFolder folder;
+    FileCheck check;
+    check.Start({folder.Path() / "first.con"});
+    check.Start({folder.Path() / "second.con"});
+    EXPECT_EQ(WaitForMissing(check), std::vector{folder.Path() / "second.con"});
+}
+
+TEST(FileCheckTest, WithoutAQuestionThereIsNoAnswer)
+{
+    FileCheck check;
+    EXPECT_FALSE(check.TakeMissing());
+}

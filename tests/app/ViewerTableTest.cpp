@@ -1,0 +1,53 @@
+#include "app/FileKind.h"
+#include "app/ViewerTable.h"
+#include "platform/Message.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace vireo;
+
+TEST(ViewerTableTest, AViewerIsGivenTheFileTheTableAndTheParent)
+{
+    ViewerTable table;
+    std::filesystem::path opened;
+    ViewerHost* host = nullptr;
+    table.Add("COther_Dialog", [](const auto&, ViewerHost&, QWidget*) { FAIL(); });
+    table.Add("CStarTest_Dialog", [&](const auto& file, ViewerHost& from, QWidget*) {
+        opened = file;
+        host = &from;
+    });
+    EXPECT_TRUE(table.Has("CStarTest_Dialog"));
+    EXPECT_TRUE(table.OpenViewer("CStarTest_Dialog", "run.con", nullptr));
+    EXPECT_EQ(opened, "run.con");
+    EXPECT_EQ(host, &table);
+}
+
+TEST(ViewerTableTest, AMissingViewerGivesOneMessageWithTheKindAndTheFile)
+{
+    ViewerTable table;
+    MessageRecorder messages;
+    EXPECT_FALSE(table.Has("CStarTest_Dialog"));
+    EXPECT_FALSE(table.OpenViewer("CStarTest_Dialog", "run.con", nullptr));
+    ASSERT_EQ(messages.Messages().size(), 1U);
+    EXPECT_EQ(messages.Messages()[0].text, "Vireo cannot show star test files yet.\n\nrun.con");
+}
+
+TEST(ViewerTableTest, EveryViewerThatAFileCanAskForHasItsOwnMessage)
+{
+    const ViewerTable table;
+    MessageRecorder messages;
+    std::set<std::string_view> viewers = {"CLPF_Dialog", "CNCTest_Dialog", "CPictureView_Dialog"};
+    for (const DispatchRow& row : DispatchTable())
+        if (!row.viewer.empty())
+            viewers.insert(row.viewer);
+    std::set<std::string> texts;
+    for (const std::string_view viewer : viewers) {
+        messages.Clear();
+        ViewerTable::ShowNoViewer(viewer, {});
+        texts.insert(messages.Messages().at(0).text);
+        EXPECT_EQ(messages.Messages()[0].text.find("unknown"), std::string::npos) << viewer;
+    }
+    EXPECT_EQ(texts.size(), viewers.size());
+}
