@@ -21,14 +21,12 @@ target_compile_options(vireo_options INTERFACE
 # A relative __FILE__ keeps the build folder out of programs and makes compiler caches shareable.
 target_compile_options(vireo_options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
-# Files come from anywhere, so users get the compiler's cheap nets as well. (The sanitizers bring
-# their own; glibc's checks need optimised code.)
-if(NOT VIREO_SANITIZE AND NOT VIREO_FUZZ)
+# Files come from anywhere, so users get the compiler's cheap nets as well. The sanitizers bring their
+# own; glibc's checks need optimised code; MinGW's would need one more library.
+if(NOT VIREO_SANITIZE AND NOT VIREO_FUZZ AND NOT WIN32)
   target_compile_options(vireo_options INTERFACE -fstack-protector-strong)
   target_compile_definitions(vireo_options INTERFACE $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
-  if(NOT WIN32)
-    target_link_options(vireo_options INTERFACE -Wl,-z,relro,-z,now)
-  endif()
+  target_link_options(vireo_options INTERFACE -Wl,-z,relro,-z,now)
 endif()
 
 if(WIN32)
