@@ -1,0 +1,32 @@
+#include "cli/Command.h"
+#include "cli/FileRun.h"
+#include "cli/Options.h"
+#include "cli/json/Analysers.h"
+
+namespace vireo {
+
+namespace {
+
+void AddOptions(CLI::App& command, Settings& settings)
+{
+    AddFilesArgument(command, settings);
+    AddKindOption(command, settings);
+    AddLineOption(command, settings);
+    AddJobsOption(command, settings);
+}
+
+int Run(const Settings& settings)
+{
+    return RunOverFiles(settings, [&settings](const Subject& subject) {
+        return AnalyseFile(subject, AnalyseSettings{settings.line});
+    });
+}
+
+} // namespace
+
+Command AnalyseCommand()
+{
+    return {"analyse", "Every figure that the viewer of each file shows", AddOptions, Run};
+}
+
+} // namespace vireo

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "cli/Settings.h"
+
+namespace CLI {
+class App;
+}
+
+namespace vireo {
+
+/// One command of the program.
+struct Command {
+    const char* name;
+    const char* summary; ///< For the program's help.
+    /// Adds the command's options and arguments, which fill the settings.
+    void (*addOptions)(CLI::App& command, Settings& settings);
+    /// Does the command; the program's exit status.
+    int (*run)(const Settings& settings);
+};
+
+Command IdentifyCommand();
+Command HeaderCommand();
+Command AnalyseCommand();
+Command RenderCommand();
+Command ExportCommand();
+
+} // namespace vireo

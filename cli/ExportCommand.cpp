@@ -1,0 +1,49 @@
+#include "cli/Command.h"
+#include "cli/FileRun.h"
+#include "cli/Options.h"
+#include "cli/Output.h"
+#include "cli/json/OscilloscopeJson.h"
+#include "viewers/oscilloscope/OscilloscopeData.h"
+#include "viewers/oscilloscope/OscilloscopeExport.h"
+
+namespace vireo {
+
+namespace {
+
+void AddOptions(CLI::App& command, Settings& settings)
+{
+    AddFileArgument(command, settings);
+    AddOutputOption(command, settings, "The table to write, such as OUT.csv");
+    AddKindOption(command, settings);
+    AddLineOption(command, settings);
+}
+
+std::string ExportOscilloscope(const Subject& subject, const Settings& settings)
+{
+    OscilloscopeData data;
+    if (std::string failure = OpenOscilloscope(subject, settings.line, data); !failure.empty())
+        return failure;
+    return DescribeOutput(
+        settings.output, ExportLineAsCsv(settings.output, data, settings.line));
+}
+
+constexpr OutputWriter kWriters[] = {
+    {FileKind::Oscilloscope, ExportOscilloscope},
+    {FileKind::Mtf, ExportOscilloscope},
+};
+
+int Run(const Settings& settings)
+{
+    return RunOverFiles(settings, [&settings](const Subject& subject) {
+        return WriteOutput(subject, settings, kWriters, "exported");
+    });
+}
+
+} // namespace
+
+Command ExportCommand()
+{
+    return {"export", "The series that the viewer plots, as a CSV table", AddOptions, Run};
+}
+
+} // namespace vireo

@@ -1,0 +1,125 @@
+#include "cli/Command.h"
+#include "cli/FileRun.h"
+#include "cli/Options.h"
+#include "cli/Output.h"
+#include "cli/render/OscilloscopePicture.h"
+#include "platform/Path.h"
+#include "platform/Text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+#include <string>
+
+namespace vireo {
+
+namespace {
+
+template <typename Value>
+struct Choice {
+    const char* text;
+    Value value;
+};
+
+constexpr Choice<PictureFormat> kFormats[] = {
+    {".png", PictureFormat::Png}, {".svg", PictureFormat::Svg}, {".pdf", PictureFormat::Pdf}};
+
+constexpr Choice<PaperSize> kPapers[] = {
+    {"A4", PaperSize::A4}, {"A3", PaperSize::A3}, {"Letter", PaperSize::Letter}};
+
+constexpr Choice<int> kCameras[] = {
+    {"A", 0}, {"B", 1}, {"C", 2}, {"D", 3}, {"E", 4}, {"F", 5}, {"G", 6}, {"H", 7}};
+
+constexpr Choice<ShownColour> kColours[] = {{"red", ShownColour::Red},
+    {"green", ShownColour::Green}, {"blue", ShownColour::Blue}, {"gray", ShownColour::Gray},
+    {"all", ShownColour::All}};
+
+/// The value of a text, in letters of either case; bad usage of `option` when there is none.
+template <typename Value, std::size_t Count>
+Value Choose(const Choice<Value> (&choices)[Count], const char* option, const std::string& text)
+{
+    std::string known;
+    for (const Choice<Value>& choice : choices) {
+        if (EqualsIgnoringCase(choice.text, text))
+            return choice.value;
+        known.append(known.empty() ? "" : ", ").append(choice.text);
+    }
+    throw CLI::ValidationError(option, "must be one of " + known + ", not " + text);
+}
+
+void ChooseFormat(Settings& settings)
+{
+    const std::string extension = SplitPath(Utf8FromPath(settings.output)).extension;
+    settings.format = Choose(kFormats, "--output: The extension", extension);
+}
+
+void AddViewOptions(CLI::App& command, Settings& settings)
+{
+    const auto takeCamera = [&settings](const std::string& text) {
+        settings.camera = Choose(kCameras, "--camera", text);
+    };
+    command
+        .add_option_function<std::string>("--camera", takeCamera,
+            "The camera shown; without it, the whole line (PDF: the camera of the detail views)")
+        ->type_name("A..H");
+    const auto takeColour = [&settings](const std::string& text) {
+        settings.colour = Choose(kColours, "--color", text);
+    };
+    command
+        .add_option_function<std::string>("--color", takeColour,
+            "The plane shown, or all: red, green, blue, gray, all (default: the viewer's)")
+        ->type_name("COLOR");
+    command
+        .add_option("--zoom", settings.zoom, "So many times as large, about the middle (default: 1)")
+        ->transform(WholeNumber(1, std::numeric_limits<int>::max()))
+        ->type_name("N");
+}
+
+void AddOptions(CLI::App& command, Settings& settings)
+{
+    AddFileArgument(command, settings);
+    AddOutputOption(command, settings, "The picture to write: a .png, .svg or .pdf", ChooseFormat);
+    AddKindOption(command, settings);
+    AddLineOption(command, settings);
+    AddViewOptions(command, settings);
+
+    const auto takeSize = [&settings](const std::string& text) {
+        const auto size = ParsePictureSize(text);
+        if (!size)
+            throw CLI::ValidationError("--size", "must be WIDTHxHEIGHT, each from 1 to 16384");
+        settings.width = size->width;
+        settings.height = size->height;
+    };
+    command
+        .add_option_function<std::string>("--size", takeSize,
+            "Width and height in pixels (default: 1600x500); of a PDF's plot, its proportions")
+        ->type_name("WxH");
+    const auto takePaper = [&settings](const std::string& text) {
+        settings.paper = Choose(kPapers, "--page", text);
+    };
+    command
+        .add_option_function<std::string>(
+            "--page", takePaper, "The paper of a PDF: A4, A3 or Letter (default: A4)")
+        ->type_name("PAPER");
+}
+
+constexpr OutputWriter kWriters[] = {
+    {FileKind::Oscilloscope, RenderOscilloscope},
+    {FileKind::Mtf, RenderOscilloscope},
+};
+
+int Run(const Settings& settings)
+{
+    return RunOverFiles(settings, [&settings](const Subject& subject) {
+        return WriteOutput(subject, settings, kWriters, "rendered");
+    });
+}
+
+} // namespace
+
+Command RenderCommand()
+{
+    return {"render", "The viewer's plot as a picture or a printed page", AddOptions, Run};
+}
+
+} // namespace vireo

@@ -1,0 +1,82 @@
+#include "cli/Reporter.h"
+
+#include "platform/Console.h"
+#include "platform/Text.h"
+
+#include <cstdio>
+
+namespace vireo {
+
+std::string OnOneLine(std::string_view text)
+{
+    std::string line(text);
+    for (char& character : line) {
+        const auto code = static_cast<unsigned char>(character);
+        constexpr unsigned char kDelete = 127;
+        if (code < ' ' || code == kDelete)
+            character = ' ';
+    }
+    return line;
+}
+
+void PrintError(std::string_view text)
+{
+    const std::string line = "vireo-cli: " + OnOneLine(text) + '\n';
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+Reporter::Reporter(std::size_t fileCount)
+    : m_count(fileCount),
+      m_showsProgress(fileCount > 1 && StandardErrorIsTerminal()),
+      m_lastShown(std::chrono::steady_clock::now())
+{
+}
+
+void Reporter::Report(const std::string& file, const FileResult& result)
+{
+    ++m_done;
+    if (!result.object.empty() || !result.failure.empty())
+        ClearProgress();
+    if (!result.object.empty()) {
+        // A line at a time, so that a program that reads along sees each file when it is done.
+        const std::string line = result.object + '\n';
+        const bool written = std::fwrite(line.data(), 1, line.size(), stdout) == line.size();
+        m_outputFailed |= !written || std::fflush(stdout) != 0;
+    }
+    if (!result.failure.empty()) {
+        m_anyFailed = true;
+        PrintError(file + ": " + result.failure);
+    }
+    ShowProgress();
+}
+
+int Reporter::Finish()
+{
+    ClearProgress();
+    if (m_outputFailed)
+        PrintError("standard output: Cannot be written");
+    return m_anyFailed || m_outputFailed ? kExitFileFailed : kExitDone;
+}
+
+void Reporter::ShowProgress()
+{
+    constexpr std::chrono::milliseconds kInterval{100};
+    const auto now = std::chrono::steady_clock::now();
+    if (!m_showsProgress || now - m_lastShown < kInterval)
+        return;
+    m_lastShown = now;
+    const std::string text = Format("%zu of %zu files", m_done, m_count);
+    std::fprintf(stderr, "\r%s", text.c_str());
+    std::fflush(stderr);
+    m_progressLength = text.size();
+}
+
+void Reporter::ClearProgress()
+{
+    if (m_progressLength == 0)
+        return;
+    std::fprintf(stderr, "\r%*s\r", static_cast<int>(m_progressLength), "");
+    m_progressLength = 0;
+}
+
+} // namespace vireo

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "cli/json/FileResult.h"
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vireo {
+
+/// Exit statuses of the programs.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitFileFailed = 1;
+inline constexpr int kExitBadUsage = 2;
+
+/// A text on one line: control characters become blanks.
+std::string OnOneLine(std::string_view text);
+
+/// Prints one line "vireo-cli: text" on standard error.
+void PrintError(std::string_view text);
+
+/// Tells what became of the files, in their order: objects on standard output, failures on standard
+/// error and, while people look on, how far the work is.
+class Reporter {
+public:
+    explicit Reporter(std::size_t fileCount);
+
+    void Report(const std::string& file, const FileResult& result);
+
+    /// Ends the report; the program's exit status.
+    int Finish();
+
+private:
+    void ShowProgress();
+    void ClearProgress();
+
+    std::size_t m_count;
+    std::size_t m_done = 0;
+    bool m_anyFailed = false;
+    bool m_outputFailed = false;
+    bool m_showsProgress;
+    std::size_t m_progressLength = 0;
+    std::chrono::steady_clock::time_point m_lastShown;
+};
+
+} // namespace vireo

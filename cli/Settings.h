@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/FileKind.h"
+#include "viewers/controls/ProfileLine.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vireo {
+
+/// The format of a rendered picture, told by its file's extension.
+enum class PictureFormat { Png, Svg, Pdf };
+
+enum class PaperSize { A4, A3, Letter };
+
+/// Everything that the command line can say; each command fills what it has options for.
+struct Settings {
+    std::vector<std::string> files; ///< As given, in UTF-8.
+    std::optional<FileKind> kind;   ///< What every file is taken as, instead of recognising it.
+    std::size_t jobs = 1;           ///< Files worked on at the same time.
+    std::int64_t line = 0;          ///< 0-based.
+    std::filesystem::path output;
+
+    PictureFormat format = PictureFormat::Png;
+    int width = 1600; ///< Of a picture in pixels; of a page's main plot in units of its layout.
+    int height = 500;
+    PaperSize paper = PaperSize::A4;
+    std::optional<int> camera;         ///< 0 for A; else the whole line is shown.
+    std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.
+    int zoom = 1;
+};
+
+} // namespace vireo

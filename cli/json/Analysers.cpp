@@ -1,0 +1,47 @@
+#include "cli/json/Analysers.h"
+
+#include "cli/json/HeaderJson.h"
+#include "cli/json/Json.h"
+#include "cli/json/OscilloscopeJson.h"
+#include "cli/json/Subject.h"
+
+namespace vireo {
+
+namespace {
+
+FileResult AnalysePlain(const Subject& subject, const AnalyseSettings&)
+{
+    return DescribeHeaderAndLength(subject);
+}
+
+FileResult AnalyseUnknown(const Subject& subject, const AnalyseSettings&)
+{
+    return {ToLine(BeginObject(subject)), "Unknown kind of file"};
+}
+
+struct Analyser {
+    FileKind kind;
+    FileResult (*analyse)(const Subject&, const AnalyseSettings&);
+};
+
+constexpr Analyser kAnalysers[] = {
+    {FileKind::Oscilloscope, AnalyseOscilloscope},
+    {FileKind::Mtf, AnalyseOscilloscope},
+    {FileKind::LightProfile, AnalysePlain},
+    {FileKind::AdjustCenterCcd, AnalysePlain},
+    {FileKind::VerticalCameraVerification, AnalysePlain},
+    {FileKind::Unknown, AnalyseUnknown},
+};
+
+} // namespace
+
+FileResult AnalyseFile(const Subject& subject, const AnalyseSettings& settings)
+{
+    for (const Analyser& analyser : kAnalysers) {
+        if (analyser.kind == subject.Kind())
+            return analyser.analyse(subject, settings);
+    }
+    return {{}, NotYet(subject.Kind(), "analysed")};
+}
+
+} // namespace vireo

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/json/FileResult.h"
+
+#include <cstdint>
+
+namespace vireo {
+
+struct Subject;
+
+/// What an analysis can be asked for besides the file.
+struct AnalyseSettings {
+    std::int64_t line = 0; ///< 0-based; the line whose figures are told, in kinds that have lines.
+};
+
+/// Every figure that the viewer of the file's kind shows. A kind that cannot be analysed gives a
+/// failure; for an unknown file there is an object as well.
+FileResult AnalyseFile(const Subject& subject, const AnalyseSettings& settings);
+
+} // namespace vireo

@@ -1,0 +1,27 @@
+#include "cli/json/Json.h"
+
+#include "cli/json/Subject.h"
+#include "platform/Text.h"
+
+namespace vireo {
+
+Json BeginObject(const Subject& subject)
+{
+    Json object;
+    object["file"] = subject.name;
+    object["kind"] = KindId(subject.Kind());
+    return object;
+}
+
+Json FileText(std::string_view windows1252)
+{
+    return Utf8FromWindows1252(windows1252);
+}
+
+std::string ToLine(const Json& object)
+{
+    constexpr int kOnOneLine = -1;
+    return object.dump(kOnOneLine, ' ', false, Json::error_handler_t::replace);
+}
+
+} // namespace vireo

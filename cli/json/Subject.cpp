@@ -1,0 +1,27 @@
+#include "cli/json/Subject.h"
+
+#include "platform/Path.h"
+
+namespace vireo {
+
+FileStatus RecogniseSubject(const std::string& name, std::optional<FileKind> kind, Subject& subject)
+{
+    subject.name = name;
+    subject.path = PathFromUtf8(name);
+    const FileStatus status =
+        RecogniseFile(subject.path, subject.recognition, KitbagRule::FirstLine);
+    if (kind)
+        subject.recognition.kind = *kind;
+    return status;
+}
+
+std::string NotYet(FileKind kind, std::string_view done)
+{
+    return std::string("Files of kind ")
+        .append(KindId(kind))
+        .append(" cannot be ")
+        .append(done)
+        .append(" yet");
+}
+
+} // namespace vireo

@@ -1,0 +1,117 @@
+#include "cli/render/PictureFile.h"
+
+#include "platform/AtomicFile.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include <array>
+
+namespace vireo {
+
+struct DrawingSession::State {
+    std::string name = "vireo-cli";
+    std::array<char*, 2> arguments{name.data(), nullptr};
+    int count = 1;
+    QGuiApplication application{count, arguments.data()};
+};
+
+DrawingSession::DrawingSession()
+{
+#ifndef _WIN32
+    // Pictures are drawn on machines without a display, and never look different for having one.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+    m_state = std::make_unique<State>();
+}
+
+DrawingSession::~DrawingSession() = default;
+
+namespace {
+
+bool DrawPng(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
+{
+    QImage picture(settings.width, settings.height, QImage::Format_RGB32);
+    if (picture.isNull())
+        return false;
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    drawing.drawPlot(painter);
+    painter.end();
+    return picture.save(&buffer, "PNG");
+}
+
+bool DrawSvg(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
+{
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setSize({settings.width, settings.height});
+    generator.setViewBox(QRect(0, 0, settings.width, settings.height));
+    generator.setTitle(QString::fromStdString(drawing.title));
+    QPainter painter;
+    if (!painter.begin(&generator))
+        return false;
+    drawing.drawPlot(painter);
+    return painter.end();
+}
+
+QPageSize::PageSizeId PageSizeOf(PaperSize paper)
+{
+    switch (paper) {
+    case PaperSize::A4:
+        return QPageSize::A4;
+    case PaperSize::A3:
+        return QPageSize::A3;
+    case PaperSize::Letter:
+        return QPageSize::Letter;
+    }
+    return QPageSize::A4;
+}
+
+bool DrawPdf(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
+{
+    QPdfWriter writer(&buffer);
+    writer.setPageSize(QPageSize(PageSizeOf(settings.paper)));
+    // The page's layout has margins of its own.
+    writer.setPageMargins(QMarginsF());
+    writer.setTitle(QString::fromStdString(drawing.title));
+    writer.setCreator(QStringLiteral("Vireo " VIREO_VERSION));
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return false;
+    drawing.drawPage(painter, QRectF(0.0, 0.0, writer.width(), writer.height()));
+    return painter.end();
+}
+
+bool Draw(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
+{
+    switch (settings.format) {
+    case PictureFormat::Png:
+        return DrawPng(drawing, settings, buffer);
+    case PictureFormat::Svg:
+        return DrawSvg(drawing, settings, buffer);
+    case PictureFormat::Pdf:
+        return DrawPdf(drawing, settings, buffer);
+    }
+    return false;
+}
+
+} // namespace
+
+FileStatus WritePicture(const Drawing& drawing, const Settings& settings)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !Draw(drawing, settings, buffer))
+        return FileStatus::Failed;
+    return WriteFileAtomically(
+        settings.output, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+} // namespace vireo
