@@ -23,8 +23,7 @@ std::string ExportOscilloscope(const Subject& subject, const Settings& settings)
     OscilloscopeData data;
     if (std::string failure = OpenOscilloscope(subject, settings.line, data); !failure.empty())
         return failure;
-    return DescribeOutput(
-        settings.output, ExportLineAsCsv(settings.output, data, settings.line));
+    return DescribeOutput(settings.output, ExportLineAsCsv(settings.output, data, settings.line));
 }
 
 constexpr OutputWriter kWriters[] = {

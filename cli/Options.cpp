@@ -30,8 +30,8 @@ CLI::Validator WholeNumber(std::int64_t lowest, std::int64_t highest)
 {
     const std::string range = highest == std::numeric_limits<std::int64_t>::max()
         ? Format("%lld or more", static_cast<long long>(lowest))
-        : Format("from %lld to %lld", static_cast<long long>(lowest),
-            static_cast<long long>(highest));
+        : Format(
+            "from %lld to %lld", static_cast<long long>(lowest), static_cast<long long>(highest));
     // Written anew because CLI11 would take 010 for eight.
     const auto check = [lowest, highest, range](std::string& text) -> std::string {
         const auto number = ParseWholeNumber(text, lowest, highest);
@@ -45,13 +45,13 @@ CLI::Validator WholeNumber(std::int64_t lowest, std::int64_t highest)
 
 namespace {
 
-/// What GuardBrackets adds; no argument can hold it.
+/// What GuardArguments puts before an argument; none can hold it.
 constexpr char kGuard = '\0';
 
 std::string WithoutGuard(std::string argument)
 {
-    if (!argument.empty() && argument.back() == kGuard)
-        argument.pop_back();
+    if (argument.starts_with(kGuard))
+        argument.erase(0, 1);
     return argument;
 }
 
@@ -68,11 +68,19 @@ CLI::Option* AddFiles(CLI::App& command, Settings& settings, const char* descrip
 
 } // namespace
 
-std::string GuardBrackets(std::string argument)
+std::vector<std::string> GuardArguments(const std::vector<std::string>& arguments)
 {
-    if (argument.starts_with('[') && argument.ends_with(']'))
-        argument += kGuard;
-    return argument;
+    std::vector<std::string> guarded;
+    bool optionsEnded = false;
+    for (const std::string& argument : arguments) {
+        if (!optionsEnded && argument == "--") {
+            optionsEnded = true;
+            continue;
+        }
+        const bool isList = argument.starts_with('[') && argument.ends_with(']');
+        guarded.push_back(optionsEnded || isList ? kGuard + argument : argument);
+    }
+    return guarded;
 }
 
 void AddFilesArgument(CLI::App& command, Settings& settings)

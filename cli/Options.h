@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -24,9 +25,10 @@ void AddJobsOption(CLI::App& command, Settings& settings);
 void AddKindOption(CLI::App& command, Settings& settings);
 void AddLineOption(CLI::App& command, Settings& settings);
 
-/// The option library takes an argument "[a,b]" for a list of two; what this gives is taken for one
-/// text. The files and the output come out as they were.
-std::string GuardBrackets(std::string argument);
+/// Makes plain texts of the arguments that the option library would take for something else: those
+/// behind "--", which goes away, and one such as "[a,b]", which it takes for a list of two. The
+/// files and the output come out as they were.
+std::vector<std::string> GuardArguments(const std::vector<std::string>& arguments);
 
 /// Accepts the decimal digits of a number in a range, both ends included.
 CLI::Validator WholeNumber(std::int64_t lowest, std::int64_t highest);

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <iterator>
 
 namespace vireo {
 
@@ -66,11 +65,10 @@ private:
         if (!isKnown && !arguments[0].starts_with('-'))
             throw CLI::ParseError(
                 "There is no command " + arguments[0], CLI::ExitCodes::ExtrasError);
+        std::vector<std::string> guarded = GuardArguments(arguments);
         // The library takes them from the back.
-        std::vector<std::string> reversed;
-        std::transform(
-            arguments.rbegin(), arguments.rend(), std::back_inserter(reversed), GuardBrackets);
-        m_app.parse(std::move(reversed));
+        std::reverse(guarded.begin(), guarded.end());
+        m_app.parse(std::move(guarded));
     }
 
     CLI::App m_app{"What the viewer shows of test files, for scripts."};

@@ -70,7 +70,8 @@ void AddViewOptions(CLI::App& command, Settings& settings)
             "The plane shown, or all: red, green, blue, gray, all (default: the viewer's)")
         ->type_name("COLOR");
     command
-        .add_option("--zoom", settings.zoom, "So many times as large, about the middle (default: 1)")
+        .add_option(
+            "--zoom", settings.zoom, "So many times as large, about the middle (default: 1)")
         ->transform(WholeNumber(1, std::numeric_limits<int>::max()))
         ->type_name("N");
 }

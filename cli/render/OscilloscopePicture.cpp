@@ -30,8 +30,7 @@ bool Offers(const OscilloscopeChoices& offered, ShownColour wanted)
         return true;
     if (offered.isGray)
         return wanted == ShownColour::Gray;
-    return wanted == ShownColour::Green
-        || (offered.hasEveryPlane && wanted != ShownColour::Gray);
+    return wanted == ShownColour::Green || (offered.hasEveryPlane && wanted != ShownColour::Gray);
 }
 
 /// Takes the choices of the settings; gives the reason when the file has not got them.
@@ -123,8 +122,8 @@ std::string RenderOscilloscope(const Subject& subject, const Settings& settings)
             settings.camera ? OneCamera(content, settings) : WholeLine(content, settings));
     };
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
-        DrawProfilePage(painter, page,
-            PageOf(content, settings, PrintedHeaderLines(data, content.shown)));
+        DrawProfilePage(
+            painter, page, PageOf(content, settings, PrintedHeaderLines(data, content.shown)));
     };
     return DescribeOutput(settings.output, WritePicture(drawing, settings));
 }

@@ -22,8 +22,16 @@ struct DrawingSession::State {
     QGuiApplication application{count, arguments.data()};
 };
 
+namespace {
+
+/// Standard error belongs to the failures of files; Qt has opinions about the environment.
+void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
+
+} // namespace
+
 DrawingSession::DrawingSession()
 {
+    qInstallMessageHandler(DropMessage);
 #ifndef _WIN32
     // Pictures are drawn on machines without a display, and never look different for having one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
