@@ -143,7 +143,7 @@ void AddLineOption(CLI::App& command, Settings& settings)
         ->type_name("N");
 }
 
-std::optional<PictureSize> ParsePictureSize(std::string_view text)
+std::optional<Settings::Size> ParseSize(std::string_view text)
 {
     // A painter's coordinates end at 32767; 16 Ki squared is a picture of 1 GiB.
     constexpr std::int64_t kLongestSide = 16384;
@@ -154,7 +154,7 @@ std::optional<PictureSize> ParsePictureSize(std::string_view text)
     const auto height = ParseWholeNumber(text.substr(cross + 1), 1, kLongestSide);
     if (!width || !height)
         return std::nullopt;
-    return PictureSize{static_cast<int>(*width), static_cast<int>(*height)};
+    return Settings::Size{static_cast<int>(*width), static_cast<int>(*height)};
 }
 
 } // namespace vireo

@@ -38,10 +38,6 @@ std::optional<std::int64_t> ParseWholeNumber(
     std::string_view text, std::int64_t lowest, std::int64_t highest);
 
 /// A picture's size such as "1600x500"; nothing for anything else or a size out of range.
-struct PictureSize {
-    int width = 0;
-    int height = 0;
-};
-std::optional<PictureSize> ParsePictureSize(std::string_view text);
+std::optional<Settings::Size> ParseSize(std::string_view text);
 
 } // namespace vireo

@@ -85,15 +85,13 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddViewOptions(command, settings);
 
     const auto takeSize = [&settings](const std::string& text) {
-        const auto size = ParsePictureSize(text);
-        if (!size)
+        settings.givenSize = ParseSize(text);
+        if (!settings.givenSize)
             throw CLI::ValidationError("--size", "must be WIDTHxHEIGHT, each from 1 to 16384");
-        settings.width = size->width;
-        settings.height = size->height;
     };
     command
         .add_option_function<std::string>("--size", takeSize,
-            "Width and height in pixels (default: 1600x500); of a PDF's plot, its proportions")
+            "Width and height in pixels (default: 1600x500); a PDF's plot is scaled to the paper")
         ->type_name("WxH");
     const auto takePaper = [&settings](const std::string& text) {
         settings.paper = Choose(kPapers, "--page", text);

@@ -26,8 +26,20 @@ struct Settings {
     std::filesystem::path output;
 
     PictureFormat format = PictureFormat::Png;
-    int width = 1600; ///< Of a picture in pixels; of a page's main plot in units of its layout.
-    int height = 500;
+    /// Of the plot in pixels; of a page's main plot, which is scaled to the paper, in the units of
+    /// its layout.
+    struct Size {
+        int width = 0;
+        int height = 0;
+    };
+    static constexpr Size kPictureSize{1600, 500};
+    static constexpr Size kPageSize{960, 300}; ///< About the dialog's; its text is legible on A4.
+    std::optional<Size> givenSize;
+    Size PlotSize() const
+    {
+        return givenSize.value_or(format == PictureFormat::Pdf ? kPageSize : kPictureSize);
+    }
+
     PaperSize paper = PaperSize::A4;
     std::optional<int> camera;         ///< 0 for A; else the whole line is shown.
     std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.

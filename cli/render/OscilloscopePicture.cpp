@@ -89,14 +89,20 @@ ProfilePlotContent OneCamera(const Content& content, const Settings& settings)
     return plot;
 }
 
+QSizeF SizeOf(const Settings& settings)
+{
+    const Settings::Size size = settings.PlotSize();
+    return {static_cast<double>(size.width), static_cast<double>(size.height)};
+}
+
 /// The page that the viewer prints.
 ProfilePage PageOf(
     const Content& content, const Settings& settings, std::vector<std::string> header)
 {
     ProfilePage page;
     page.header = std::move(header);
-    page.main = {WholeLine(content, settings), QSizeF(settings.width, settings.height)};
-    const QSizeF detailSize(settings.width / 2.0, settings.height);
+    page.main = {WholeLine(content, settings), SizeOf(settings)};
+    const QSizeF detailSize(SizeOf(settings).width() / 2.0, SizeOf(settings).height());
     for (const ProfileSide side : {ProfileSide::Left, ProfileSide::Right}) {
         ProfilePlotContent detail = PlotOf(content, {ProfileMode::Camera, side, content.camera});
         page.main.content.stretches.push_back({detail.scene.view, side});
@@ -118,7 +124,7 @@ std::string RenderOscilloscope(const Subject& subject, const Settings& settings)
     Drawing drawing;
     drawing.title = subject.name;
     drawing.drawPlot = [&](QPainter& painter) {
-        DrawProfilePlot(painter, QSizeF(settings.width, settings.height),
+        DrawProfilePlot(painter, SizeOf(settings),
             settings.camera ? OneCamera(content, settings) : WholeLine(content, settings));
     };
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {

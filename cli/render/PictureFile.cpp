@@ -43,9 +43,14 @@ DrawingSession::~DrawingSession() = default;
 
 namespace {
 
+QSize QSizeOf(Settings::Size size)
+{
+    return {size.width, size.height};
+}
+
 bool DrawPng(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 {
-    QImage picture(settings.width, settings.height, QImage::Format_RGB32);
+    QImage picture(QSizeOf(settings.PlotSize()), QImage::Format_RGB32);
     if (picture.isNull())
         return false;
     picture.fill(Qt::white);
@@ -59,8 +64,11 @@ bool DrawSvg(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
-    generator.setSize({settings.width, settings.height});
-    generator.setViewBox(QRect(0, 0, settings.width, settings.height));
+    // One unit of the plot is one pixel of a browser.
+    constexpr int kBrowserDotsPerInch = 96;
+    generator.setResolution(kBrowserDotsPerInch);
+    generator.setSize(QSizeOf(settings.PlotSize()));
+    generator.setViewBox(QRect(QPoint(0, 0), generator.size()));
     generator.setTitle(QString::fromStdString(drawing.title));
     QPainter painter;
     if (!painter.begin(&generator))

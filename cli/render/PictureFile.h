@@ -15,7 +15,7 @@ namespace vireo {
 /// What a picture file is made of.
 struct Drawing {
     std::string title; ///< In the file's own description, UTF-8.
-    /// Draws the plot of the settings' width and height, its top left corner at the origin.
+    /// Draws the plot of the settings' size, its top left corner at the origin.
     std::function<void(QPainter&)> drawPlot;
     /// Draws the printed page into its printable rectangle.
     std::function<void(QPainter&, const QRectF& page)> drawPage;
