@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+namespace vireo {
+
+/// The kinds that WriteBigFile knows, separated by blanks, for the usage line.
+std::string_view BigFileKinds();
+
+/// Writes a file for measuring, with about `bytes` bytes of data (rounded down to whole lines, at
+/// least one). The kinds: "oscilloscope", colour lines of four cameras and 21,600 pixels;
+/// "oscilloscope-gray", the same in gray; "oscilloscope-line", one single colour line of four
+/// cameras; "oscilloscope-gray-line", the same in gray. Streams, so it needs little memory for any
+/// number of lines. Returns false for an unknown kind and when writing fails.
+bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path);
+
+} // namespace vireo

@@ -1,0 +1,12 @@
+#include "samples/SampleFile.h"
+
+#include "samples/OscilloscopeSamples.h"
+
+namespace vireo {
+
+std::vector<SampleFile> AllSamples()
+{
+    return OscilloscopeSamples();
+}
+
+} // namespace vireo
