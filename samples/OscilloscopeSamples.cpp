@@ -124,23 +124,23 @@ const std::vector<int> kFiveCameras{5052, 5034, 5040, 5028, 5046};
 std::vector<OscilloscopeSetup> SingleFiles()
 {
     std::vector<OscilloscopeSetup> setups(6);
-    setups[0].name = "oscilloscope/colour-4-cameras.con";
+    setups[0].name = "oscilloscope-color.con";
     setups[0].scan = {kCamerasAt600, 600, true, 1, 101};
 
-    setups[1].name = "oscilloscope/gray-uncorrected.con";
+    setups[1].name = "oscilloscope-gray.con";
     setups[1].scannerName = "Heron 36 Mono";
     setups[1].colorScanner = false;
     setups[1].color = TestFileHeader::kColorGray;
     setups[1].scan = {kCamerasAt600, 600, false, 1, 102};
 
-    setups[2].name = "oscilloscope/colour-24-lines.con";
+    setups[2].name = "oscilloscope-lines.con";
     setups[2].scan = {kCamerasAt100, 100, true, 24, 103};
 
-    setups[3].name = "oscilloscope/mtf-4-cameras.con";
+    setups[3].name = "mtf.con";
     setups[3].isMtf = true;
     setups[3].scan = {kCamerasAt300, 300, true, 1, 104};
 
-    setups[4].name = "oscilloscope/colour-5-cameras-generation-9.con";
+    setups[4].name = "oscilloscope-generation-9.con";
     setups[4].scannerName = "Heron 42 Mk9";
     setups[4].scannerID = "H42-90033";
     setups[4].generation = 9;
@@ -148,7 +148,7 @@ std::vector<OscilloscopeSetup> SingleFiles()
     setups[4].scannerWidth = 50400;
     setups[4].scan = {kFiveCameras, 600, false, 1, 105};
 
-    setups[5].name = "oscilloscope/missing-items.con";
+    setups[5].name = "oscilloscope-missing-items.con";
     setups[5].colorScanner = false;
     setups[5].color = 1;
     setups[5].incomplete = true;
