@@ -1,59 +1,19 @@
 #include "cli/Options.h"
 
+#include "cli/CommandLineReader.h"
 #include "platform/Path.h"
-#include "platform/Text.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
-#include <limits>
 #include <string>
 #include <thread>
 #include <vector>
 
 namespace vireo {
 
-std::optional<std::int64_t> ParseWholeNumber(
-    std::string_view text, std::int64_t lowest, std::int64_t highest)
-{
-    std::int64_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end || number < lowest || number > highest)
-        return std::nullopt;
-    return number;
-}
-
-CLI::Validator WholeNumber(std::int64_t lowest, std::int64_t highest)
-{
-    const std::string range = highest == std::numeric_limits<std::int64_t>::max()
-        ? Format("%lld or more", static_cast<long long>(lowest))
-        : Format(
-            "from %lld to %lld", static_cast<long long>(lowest), static_cast<long long>(highest));
-    // Written anew because CLI11 would take 010 for eight.
-    const auto check = [lowest, highest, range](std::string& text) -> std::string {
-        const auto number = ParseWholeNumber(text, lowest, highest);
-        if (!number)
-            return "must be a whole number, " + range;
-        text = std::to_string(*number);
-        return {};
-    };
-    return {check, "", "whole number"};
-}
-
 namespace {
-
-/// What GuardArguments puts before an argument; none can hold it.
-constexpr char kGuard = '\0';
-
-std::string WithoutGuard(std::string argument)
-{
-    if (argument.starts_with(kGuard))
-        argument.erase(0, 1);
-    return argument;
-}
 
 CLI::Option* AddFiles(CLI::App& command, Settings& settings, const char* description)
 {
@@ -67,21 +27,6 @@ CLI::Option* AddFiles(CLI::App& command, Settings& settings, const char* descrip
 }
 
 } // namespace
-
-std::vector<std::string> GuardArguments(const std::vector<std::string>& arguments)
-{
-    std::vector<std::string> guarded;
-    bool optionsEnded = false;
-    for (const std::string& argument : arguments) {
-        if (!optionsEnded && argument == "--") {
-            optionsEnded = true;
-            continue;
-        }
-        const bool isList = argument.starts_with('[') && argument.ends_with(']');
-        guarded.push_back(optionsEnded || isList ? kGuard + argument : argument);
-    }
-    return guarded;
-}
 
 void AddFilesArgument(CLI::App& command, Settings& settings)
 {
@@ -139,22 +84,8 @@ void AddKindOption(CLI::App& command, Settings& settings)
 void AddLineOption(CLI::App& command, Settings& settings)
 {
     command.add_option("--line", settings.line, "The scan line, counted from 0 (default: 0)")
-        ->transform(WholeNumber(0, std::numeric_limits<std::int64_t>::max()))
+        ->transform(WholeNumber(0))
         ->type_name("N");
-}
-
-std::optional<Settings::Size> ParseSize(std::string_view text)
-{
-    // A painter's coordinates end at 32767; 16 Ki squared is a picture of 1 GiB.
-    constexpr std::int64_t kLongestSide = 16384;
-    const std::size_t cross = text.find('x');
-    if (cross == std::string_view::npos)
-        return std::nullopt;
-    const auto width = ParseWholeNumber(text.substr(0, cross), 1, kLongestSide);
-    const auto height = ParseWholeNumber(text.substr(cross + 1), 1, kLongestSide);
-    if (!width || !height)
-        return std::nullopt;
-    return Settings::Size{static_cast<int>(*width), static_cast<int>(*height)};
 }
 
 } // namespace vireo

@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "cli/CommandLineReader.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "cli/Output.h"
@@ -87,7 +88,7 @@ void AddOptions(CLI::App& command, Settings& settings)
     const auto takeSize = [&settings](const std::string& text) {
         settings.givenSize = ParseSize(text);
         if (!settings.givenSize)
-            throw CLI::ValidationError("--size", "must be WIDTHxHEIGHT, each from 1 to 16384");
+            throw CLI::ValidationError("--size", kSizeRule);
     };
     command
         .add_option_function<std::string>("--size", takeSize,

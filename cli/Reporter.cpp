@@ -1,29 +1,13 @@
 #include "cli/Reporter.h"
 
+#include "cli/CommandLineReader.h"
+#include "cli/Program.h"
 #include "platform/Console.h"
 #include "platform/Text.h"
 
 #include <cstdio>
 
 namespace vireo {
-
-std::string OnOneLine(std::string_view text)
-{
-    std::string line(text);
-    for (char& character : line) {
-        const auto code = static_cast<unsigned char>(character);
-        constexpr unsigned char kDelete = 127;
-        if (code < ' ' || code == kDelete)
-            character = ' ';
-    }
-    return line;
-}
-
-void PrintError(std::string_view text)
-{
-    const std::string line = "vireo-cli: " + OnOneLine(text) + '\n';
-    std::fwrite(line.data(), 1, line.size(), stderr);
-}
 
 Reporter::Reporter(std::size_t fileCount)
     : m_count(fileCount),
@@ -45,7 +29,7 @@ void Reporter::Report(const std::string& file, const FileResult& result)
     }
     if (!result.failure.empty()) {
         m_anyFailed = true;
-        PrintError(file + ": " + result.failure);
+        PrintError(kCommandLineProgram, file + ": " + result.failure);
     }
     ShowProgress();
 }
@@ -54,7 +38,7 @@ int Reporter::Finish()
 {
     ClearProgress();
     if (m_outputFailed)
-        PrintError("standard output: Cannot be written");
+        PrintError(kCommandLineProgram, "standard output: Cannot be written");
     return m_anyFailed || m_outputFailed ? kExitFileFailed : kExitDone;
 }
 

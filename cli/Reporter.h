@@ -5,20 +5,8 @@
 #include <chrono>
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 namespace vireo {
-
-/// Exit statuses of the programs.
-inline constexpr int kExitDone = 0;
-inline constexpr int kExitFileFailed = 1;
-inline constexpr int kExitBadUsage = 2;
-
-/// A text on one line: control characters become blanks.
-std::string OnOneLine(std::string_view text);
-
-/// Prints one line "vireo-cli: text" on standard error.
-void PrintError(std::string_view text);
 
 /// Tells what became of the files, in their order: objects on standard output, failures on standard
 /// error and, while people look on, how far the work is.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/FileKind.h"
+#include "cli/CommandLineReader.h"
 #include "viewers/controls/ProfileLine.h"
 
 #include <cstddef>
@@ -28,16 +29,12 @@ struct Settings {
     PictureFormat format = PictureFormat::Png;
     /// Of the plot in pixels; of a page's main plot, which is scaled to the paper, in the units of
     /// its layout.
-    struct Size {
-        int width = 0;
-        int height = 0;
-    };
-    static constexpr Size kPictureSize{1600, 500};
-    static constexpr Size kPageSize{960, 300}; ///< About the dialog's; its text is legible on A4.
-    std::optional<Size> givenSize;
-    Size PlotSize() const
+    std::optional<PictureSize> givenSize;
+    PictureSize PlotSize() const
     {
-        return givenSize.value_or(format == PictureFormat::Pdf ? kPageSize : kPictureSize);
+        constexpr PictureSize kPicture{1600, 500};
+        constexpr PictureSize kOnPage{960, 300}; // About the dialog's; its text is legible on A4.
+        return givenSize.value_or(format == PictureFormat::Pdf ? kOnPage : kPicture);
     }
 
     PaperSize paper = PaperSize::A4;

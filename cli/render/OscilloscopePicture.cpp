@@ -91,7 +91,7 @@ ProfilePlotContent OneCamera(const Content& content, const Settings& settings)
 
 QSizeF SizeOf(const Settings& settings)
 {
-    const Settings::Size size = settings.PlotSize();
+    const PictureSize size = settings.PlotSize();
     return {static_cast<double>(size.width), static_cast<double>(size.height)};
 }
 

@@ -43,7 +43,7 @@ DrawingSession::~DrawingSession() = default;
 
 namespace {
 
-QSize QSizeOf(Settings::Size size)
+QSize QSizeOf(PictureSize size)
 {
     return {size.width, size.height};
 }
