@@ -1,6 +1,4 @@
-#include "tests/TempFolder.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
-#include "viewers/oscilloscope/OscilloscopeExport.h"
 #include "viewers/oscilloscope/OscilloscopeText.h"
 
 #include <gtest/gtest.h>
@@ -78,37 +76,6 @@ TEST(OscilloscopeTextTest, TheFocusOfACameraEndsAtItsBoundary)
     cameras.pixels = {10, 12, 3, 50};
     EXPECT_EQ(FocusText(line, cameras, ShownColour::Gray), "Focus   A 0.0   B 100.0");
     EXPECT_EQ(FocusText(line, cameras, ShownColour::Red), "Focus") << "there is no red plane";
-}
-
-std::string Exported(const ProfileLine& line, const ProfileCameras& cameras, bool isGray)
-{
-    const TempFolder folder;
-    const auto path = folder.Path() / "line.csv";
-    EXPECT_EQ(ExportLineAsCsv(path, line, cameras, isGray), FileStatus::Ok);
-    return TempFolder::Read(path);
-}
-
-TEST(OscilloscopeExportTest, EveryRowHasEveryColumn)
-{
-    ProfileCameras cameras;
-    cameras.pixels = {3, 0, 1};
-    EXPECT_EQ(Exported(ColourLine(), cameras, false),
-        "pixel,camera,red,green,blue\r\n"
-        "0,A,1,10,255\r\n1,A,2,20,0\r\n2,A,3,30,9\r\n3,C,4,40,8\r\n4,,5,50,\r\n");
-}
-
-TEST(OscilloscopeExportTest, AGrayLineHasOneColumn)
-{
-    ProfileLine line;
-    line.Of(Plane::Green).samples = {7};
-    EXPECT_EQ(Exported(line, {}, true), "pixel,camera,gray\r\n0,,7\r\n");
-}
-
-TEST(OscilloscopeExportTest, AFolderThatIsNotThereIsTold)
-{
-    const TempFolder folder;
-    const auto path = folder.Path() / "none" / "line.csv";
-    EXPECT_NE(ExportLineAsCsv(path, ColourLine(), {}, false), FileStatus::Ok);
 }
 
 } // namespace

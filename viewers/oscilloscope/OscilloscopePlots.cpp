@@ -1,0 +1,119 @@
+#include "viewers/oscilloscope/OscilloscopePlots.h"
+
+#include "platform/AtomicFile.h"
+#include "viewers/controls/CLPFControle.h"
+#include "viewers/oscilloscope/OscilloscopeData.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QImage>
+#include <QPainter>
+
+#include <utility>
+
+namespace vireo {
+
+OscilloscopePlots::OscilloscopePlots(
+    CLPFControle& overview, CLPFControle& left, CLPFControle& right, QWidget& gauge)
+    : m_plots{&overview, &left, &right},
+      m_gauge(gauge)
+{
+    overview.SetDetails({&left, &right});
+}
+
+void OscilloscopePlots::Fit(const OscilloscopeData& data, const OscilloscopeChoices& choices)
+{
+    m_cameras = data.Cameras();
+    m_shown = choices.shown;
+    m_iCamera = choices.camera;
+    m_detail = ProfileMode::Camera;
+    m_gauge.setVisible(choices.usesCameraAdjustment);
+    for (CLPFControle* plot : m_plots)
+        plot->SetCameras(m_cameras);
+    ZoomAll();
+    FitDetails();
+}
+
+bool OscilloscopePlots::ShowLine(const OscilloscopeData& data, std::int64_t line)
+{
+    const bool complete = data.ReadLine(line, m_line);
+    for (CLPFControle* plot : m_plots)
+        plot->SetLine(&m_line, m_shown);
+    return complete;
+}
+
+void OscilloscopePlots::ShowColour(ShownColour shown)
+{
+    m_shown = shown;
+    for (CLPFControle* plot : m_plots)
+        plot->SetShownColour(shown);
+}
+
+void OscilloscopePlots::ShowCamera(int camera)
+{
+    m_iCamera = camera;
+    FitDetails();
+}
+
+void OscilloscopePlots::ShowDetail(ProfileMode mode)
+{
+    m_detail = mode;
+    FitDetails();
+}
+
+void OscilloscopePlots::ZoomAll()
+{
+    m_plots[0]->ZoomAll();
+}
+
+void OscilloscopePlots::FitDetails()
+{
+    constexpr int kZoomStep = 16;
+    for (const ProfileSide side : {ProfileSide::Left, ProfileSide::Right}) {
+        CLPFControle& plot = *m_plots[side == ProfileSide::Left ? 1 : 2];
+        switch (m_detail) {
+        case ProfileMode::Overview:
+        case ProfileMode::Camera:
+            plot.ShowCamera(m_iCamera, side, kZoomStep);
+            break;
+        case ProfileMode::LightProfile:
+            plot.ShowLightProfile(m_iCamera, side);
+            break;
+        case ProfileMode::ScanWidth:
+            plot.ShowScanWidth(m_iCamera, side);
+            break;
+        case ProfileMode::VerticalPositioning:
+            plot.ShowVerticalPositioning(m_iCamera, side);
+            break;
+        }
+    }
+}
+
+void OscilloscopePlots::Print(std::vector<std::string> headerLines)
+{
+    m_plots[0]->SetHeader(std::move(headerLines));
+    m_plots[0]->Print({m_plots[1], m_plots[2]});
+}
+
+FileStatus OscilloscopePlots::SavePicture(
+    const std::filesystem::path& target, std::vector<std::string> headerLines)
+{
+    m_plots[0]->SetHeader(std::move(headerLines));
+    const ProfilePage page = m_plots[0]->Page({m_plots[1], m_plots[2]});
+
+    // A landscape page at twice the resolution of a screen, so that it can be enlarged.
+    constexpr QSize kSize(2376, 1680);
+    QImage picture(kSize, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    DrawProfilePage(painter, QRectF(QPointF(0.0, 0.0), kSize), page);
+    painter.end();
+
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "PNG"))
+        return FileStatus::Failed;
+    return WriteFileAtomically(target, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+} // namespace vireo
