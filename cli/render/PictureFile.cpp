@@ -1,6 +1,7 @@
 #include "cli/render/PictureFile.h"
 
 #include "platform/AtomicFile.h"
+#include "viewers/controls/OffscreenPlatform.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -22,20 +23,10 @@ struct DrawingSession::State {
     QGuiApplication application{count, arguments.data()};
 };
 
-namespace {
-
-/// Standard error belongs to the failures of files; Qt has opinions about the environment.
-void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
-
-} // namespace
-
 DrawingSession::DrawingSession()
 {
-    qInstallMessageHandler(DropMessage);
-#ifndef _WIN32
     // Pictures are drawn on machines without a display, and never look different for having one.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-#endif
+    UseOffscreenPlatform();
     m_state = std::make_unique<State>();
 }
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "bench/BenchSettings.h"
+#include "cli/json/FileResult.h"
+
+namespace CLI {
+class App;
+}
+
+namespace vireo {
+
+/// One thing that the program measures.
+struct BenchCommand {
+    const char* name;
+    const char* summary; ///< For the program's help.
+    void (*addOptions)(CLI::App& command, BenchSettings& settings);
+    /// Measures; the figures as one object, or the reason why there are none.
+    FileResult (*run)(const BenchSettings& settings);
+};
+
+BenchCommand LoadBench();
+BenchCommand PlotBench();
+BenchCommand FirstFrameBench();
+/// What is to be measured once the programs do it.
+BenchCommand FutureBench(const char* name);
+
+// Options and arguments that several commands share.
+enum class Presence { Required, Optional };
+void AddBenchFile(CLI::App& command, BenchSettings& settings, Presence presence);
+void AddBenchOptions(CLI::App& command, BenchSettings& settings);
+
+} // namespace vireo

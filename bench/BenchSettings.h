@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/FileKind.h"
+#include "cli/CommandLineReader.h"
+
+#include <optional>
+#include <string>
+
+namespace vireo {
+
+inline constexpr const char* kBenchProgram = "vireo-bench";
+
+/// Everything that the command line can say; each command fills what it has options for.
+struct BenchSettings {
+    std::string file; ///< As given, in UTF-8; empty where it may be left out.
+    int repeat = 5;   ///< Counted runs.
+    int threads = 1;  ///< 1: no helper threads; 0: as many as the viewer uses.
+    FileKind kind = FileKind::Unknown;
+    std::optional<PictureSize> size;
+};
+
+} // namespace vireo

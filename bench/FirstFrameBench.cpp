@@ -1,0 +1,126 @@
+#include "app/CViewerDlg.h"
+#include "app/FileKind.h"
+#include "app/ViewerTable.h"
+#include "bench/BenchCommand.h"
+#include "cli/json/Json.h"
+#include "cli/json/Subject.h"
+#include "platform/KnownFolders.h"
+#include "platform/Message.h"
+#include "platform/ProcessInfo.h"
+#include "viewers/controls/OffscreenPlatform.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+
+namespace vireo {
+
+namespace {
+
+struct FirstFrame {
+    double milliseconds = 0.0;
+    std::int64_t peakKilobytes = 0;
+};
+
+/// Notes the end of the first paint of a window, and then closes all windows.
+class FirstFrameApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        const QEvent::Type type = event->type();
+        const bool handled = QApplication::notify(receiver, event);
+        if (type == QEvent::Paint && receiver->isWidgetType())
+            m_painted = true;
+        // A window is painted, and its picture handed to the screen, within one of these.
+        const bool endsFrame = type == QEvent::Expose || type == QEvent::UpdateRequest;
+        if (endsFrame && m_painted && !m_frame)
+            TakeFrame();
+        return handled;
+    }
+
+    const std::optional<FirstFrame>& Frame() const { return m_frame; }
+
+private:
+    void TakeFrame()
+    {
+        m_frame =
+            FirstFrame{MillisecondsSinceStart().value_or(0.0), PeakMemoryKilobytes().value_or(0)};
+        QTimer::singleShot(0, this, &QApplication::closeAllWindows);
+    }
+
+    bool m_painted = false;
+    std::optional<FirstFrame> m_frame;
+};
+
+/// The main dialog as the viewer makes it.
+void ShowMainDialog()
+{
+    CViewerDlg::Setup setup;
+    setup.viewers = ProgramViewers();
+    setup.recentList = StateFolder() / "recent-files.txt";
+    setup.programFolder = ProgramFolder();
+    CViewerDlg(std::move(setup)).DoModal();
+}
+
+/// The viewer of a file; gives the reason when there is none.
+std::string ShowViewer(const std::string& file)
+{
+    Subject subject;
+    const FileStatus status = RecogniseSubject(file, std::nullopt, subject);
+    if (status != FileStatus::Ok)
+        return std::string(Describe(status));
+    ViewerTable viewers = ProgramViewers();
+    const auto& wanted = subject.recognition.viewers;
+    if (wanted.empty() || !viewers.Has(wanted.front()))
+        return NotYet(subject.Kind(), "shown");
+    viewers.OpenViewer(wanted.front(), subject.path, nullptr);
+    return {};
+}
+
+void AddOptions(CLI::App& command, BenchSettings& settings)
+{
+    AddBenchFile(command, settings, Presence::Optional);
+    AddBenchOptions(command, settings);
+}
+
+FileResult Run(const BenchSettings& settings)
+{
+    UseOffscreenPlatform();
+    std::string name = kBenchProgram;
+    char* arguments[] = {name.data(), nullptr};
+    int count = 1;
+    FirstFrameApplication application(count, arguments);
+    // Nobody is there to answer a message box.
+    const MessageRecorder messages;
+    // A dialog that shows nothing must not keep the program for ever.
+    constexpr int kLongestWaitMs = 30'000;
+    QTimer::singleShot(kLongestWaitMs, &application, &QApplication::closeAllWindows);
+
+    if (settings.file.empty())
+        ShowMainDialog();
+    else if (std::string failure = ShowViewer(settings.file); !failure.empty())
+        return {{}, std::move(failure)};
+    if (!application.Frame())
+        return {{}, "Nothing was shown"};
+
+    Json object;
+    object["first_frame_ms"] = application.Frame()->milliseconds;
+    object["peak_rss_kb"] = application.Frame()->peakKilobytes;
+    return {ToLine(object), {}};
+}
+
+} // namespace
+
+BenchCommand FirstFrameBench()
+{
+    return {"first-frame",
+        "The main dialog, or a file's viewer, from the start of the process to its first paint",
+        AddOptions, Run};
+}
+
+} // namespace vireo

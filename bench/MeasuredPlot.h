@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cli/CommandLineReader.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+class QPainter;
+class QSize;
+
+namespace vireo {
+
+/// A viewer's plot of one file, as the viewer draws it, for measuring. Along its axis it shows any
+/// stretch of its extent, which is counted in samples or pixels.
+class MeasuredPlot {
+public:
+    virtual ~MeasuredPlot() = default;
+
+    /// Does again what the first drawing after loading has to do and later ones do not.
+    virtual void PrepareFirst() = 0;
+    /// Draws the stretch from `first` on into a picture of a size.
+    virtual void Draw(QPainter& painter, const QSize& size, double first, double length) = 0;
+    /// The whole extent.
+    virtual double Extent() const = 0;
+    /// Samples or pixels in view at the whole extent.
+    virtual std::int64_t Points() const = 0;
+};
+
+/// Loads a file for measuring; a null plot and the reason when it cannot.
+struct LoadedPlot {
+    std::unique_ptr<MeasuredPlot> plot;
+    std::string failure;
+};
+LoadedPlot LoadOscilloscopePlot(const std::string& file);
+
+} // namespace vireo
