@@ -32,7 +32,7 @@ std::string Environment(const char* name)
 /// The user's home folder; empty when there is none.
 std::filesystem::path HomeFolder()
 {
-    if (const std::filesystem::path home = Environment("HOME"); home.is_absolute())
+    if (std::filesystem::path home = Environment("HOME"); home.is_absolute())
         return home;
     const passwd* const user = getpwuid(getuid());
     return user == nullptr || user->pw_dir == nullptr ? "" : user->pw_dir;
@@ -41,7 +41,7 @@ std::filesystem::path HomeFolder()
 /// A base folder of the desktop's folder standard, which lets relative values be ignored.
 std::filesystem::path BaseFolder(const char* variable, const char* underHome)
 {
-    if (const std::filesystem::path folder = Environment(variable); folder.is_absolute())
+    if (std::filesystem::path folder = Environment(variable); folder.is_absolute())
         return folder;
     const std::filesystem::path home = HomeFolder();
     return home.empty() ? home : home / underHome;
