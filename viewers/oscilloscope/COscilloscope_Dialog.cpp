@@ -46,6 +46,9 @@ void COscilloscope_Dialog::SetUpControls()
     // The keys belong to the plots until somebody walks to another control.
     m_ui->overviewPlot->setFocusPolicy(Qt::StrongFocus);
     m_ui->overviewPlot->setFocus();
+    m_ui->widthGauge->Initialise();
+    m_ui->widthGauge->setToolTip(
+        tr("Margins beside the target, compared with those of a target in the middle (mm)"));
     m_ui->saveButton->hide();
     m_ui->focusText->hide();
     const QStyle& icons = *style();

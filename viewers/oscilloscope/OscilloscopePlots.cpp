@@ -2,6 +2,8 @@
 
 #include "platform/AtomicFile.h"
 #include "viewers/controls/CLPFControle.h"
+#include "viewers/controls/CWidthCenter_Control.h"
+#include "viewers/oscilloscope/CameraAdjustment.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 
 #include <QBuffer>
@@ -9,12 +11,13 @@
 #include <QImage>
 #include <QPainter>
 
+#include <limits>
 #include <utility>
 
 namespace vireo {
 
 OscilloscopePlots::OscilloscopePlots(
-    CLPFControle& overview, CLPFControle& left, CLPFControle& right, QWidget& gauge)
+    CLPFControle& overview, CLPFControle& left, CLPFControle& right, CWidthCenter_Control& gauge)
     : m_plots{&overview, &left, &right},
       m_gauge(gauge)
 {
@@ -27,7 +30,8 @@ void OscilloscopePlots::Fit(const OscilloscopeData& data, const OscilloscopeChoi
     m_shown = choices.shown;
     m_iCamera = choices.camera;
     m_detail = ProfileMode::Camera;
-    m_gauge.setVisible(choices.usesCameraAdjustment);
+    m_bShowsGauge = choices.usesCameraAdjustment;
+    m_gauge.setVisible(m_bShowsGauge);
     for (CLPFControle* plot : m_plots)
         plot->SetCameras(m_cameras);
     ZoomAll();
@@ -39,6 +43,7 @@ bool OscilloscopePlots::ShowLine(const OscilloscopeData& data, std::int64_t line
     const bool complete = data.ReadLine(line, m_line);
     for (CLPFControle* plot : m_plots)
         plot->SetLine(&m_line, m_shown);
+    ShowDeviation();
     return complete;
 }
 
@@ -47,6 +52,7 @@ void OscilloscopePlots::ShowColour(ShownColour shown)
     m_shown = shown;
     for (CLPFControle* plot : m_plots)
         plot->SetShownColour(shown);
+    ShowDeviation();
 }
 
 void OscilloscopePlots::ShowCamera(int camera)
@@ -87,6 +93,19 @@ void OscilloscopePlots::FitDetails()
             break;
         }
     }
+}
+
+void OscilloscopePlots::ShowDeviation()
+{
+    if (!m_bShowsGauge)
+        return;
+    constexpr double kFullScaleMm = 100.0;
+    // The gauge shows a value that is not a number as not known.
+    constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+    const auto deviation = MeasureTargetDeviation(m_line, m_cameras, m_shown)
+                               .value_or(TargetDeviation{kUnknown, kUnknown});
+    m_gauge.SetLeft(kFullScaleMm, deviation.leftMm);
+    m_gauge.SetRight(kFullScaleMm, deviation.rightMm);
 }
 
 void OscilloscopePlots::Print(std::vector<std::string> headerLines)

@@ -10,11 +10,10 @@
 #include <string>
 #include <vector>
 
-class QWidget;
-
 namespace vireo {
 
 class CLPFControle;
+class CWidthCenter_Control;
 class OscilloscopeData;
 
 /// The plots of the oscilloscope viewer as one: the overview of the line, the two detail views
@@ -23,8 +22,8 @@ class OscilloscopeData;
 class OscilloscopePlots {
 public:
     /// The widgets, which belong to the dialog and outlive this.
-    OscilloscopePlots(
-        CLPFControle& overview, CLPFControle& left, CLPFControle& right, QWidget& gauge);
+    OscilloscopePlots(CLPFControle& overview, CLPFControle& left, CLPFControle& right,
+        CWidthCenter_Control& gauge);
 
     /// Takes the layout of another file: the overview shows its whole line, the detail views the
     /// beginning and the end of a camera. ShowLine comes next.
@@ -55,11 +54,13 @@ public:
 
 private:
     void FitDetails();
+    void ShowDeviation();
 
     std::array<CLPFControle*, 3> m_plots;
-    QWidget& m_gauge;
+    CWidthCenter_Control& m_gauge;
     ProfileLine m_line;
     ProfileCameras m_cameras;
+    bool m_bShowsGauge = false;
     ShownColour m_shown = ShownColour::Green;
     ProfileMode m_detail = ProfileMode::Camera;
     int m_iCamera = 0;
