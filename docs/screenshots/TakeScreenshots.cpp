@@ -32,7 +32,7 @@ struct Shot {
 };
 
 const Shot kShots[] = {
-    {"oscilloscope", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760}, {}},
+    {"oscilloscope", "COscilloscope_Dialog", "oscilloscope/colour-4-cameras.con", {1200, 760}, {}},
 };
 
 /// The top window that is open now: a modal dialog.

@@ -12,7 +12,8 @@ namespace vireo {
 
 namespace {
 
-/// Between the main plot and its companions, and between these, as a share of the main plot's width.
+/// Between the main plot and its companions, and between these, as a share of the main plot's
+/// width.
 constexpr double kGapShare = 0.02;
 
 /// Draws a plot at its own layout, scaled to `width` device units.

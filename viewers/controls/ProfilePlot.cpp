@@ -2,13 +2,11 @@
 
 #include "viewers/controls/AxisTicks.h"
 #include "viewers/controls/Fonts.h"
-#include "viewers/controls/ProfileCurve.h"
+#include "viewers/controls/TraceDrawing.h"
 
 #include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPolygonF>
-#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -26,14 +24,6 @@ constexpr double kTickRowHeight = 16.0;
 constexpr double kTickLength = 4.0;
 constexpr int kFontHeight = 12;
 constexpr double kUnitLeft = 2.0;
-
-/// From this many logical units a sample, a curve runs through its samples as a smooth line; below,
-/// each column covers the values of its samples.
-constexpr double kSmoothFrom = 3.0;
-/// From this many units a sample, the samples themselves are dotted.
-constexpr double kDotsFrom = 7.0;
-/// More columns than this are not told apart on paper, and would only swell a file.
-constexpr int kMostVectorColumns = 3000;
 
 const QColor kInk(30, 34, 38);
 const QColor kSoftInk(105, 112, 120);
@@ -74,6 +64,37 @@ bool HasPixels(const ProfilePlotContent& content)
     return content.line && content.line->Length() > 0;
 }
 
+bool ShowsEveryPlane(const ProfilePlotContent& content)
+{
+    return content.shown != ShownColour::Gray
+        && (content.shown == ShownColour::All || content.scene.everyPlane);
+}
+
+constexpr ShownColour kPlanes[] = {ShownColour::Red, ShownColour::Green, ShownColour::Blue};
+
+struct LegendEntry {
+    QString name;
+    QColor colour;
+};
+
+/// The traces that a plot has to tell apart; none where there is only one.
+std::vector<LegendEntry> LegendOf(const ProfilePlotContent& content)
+{
+    std::vector<LegendEntry> legend;
+    if (!HasPixels(content))
+        return legend;
+    if (ShowsEveryPlane(content)) {
+        const char* const names[] = {"Red", "Green", "Blue"};
+        for (std::size_t i = 0; i < std::size(kPlanes); ++i)
+            if (!content.line->planes[i].samples.empty())
+                legend.push_back({QString::fromLatin1(names[i]), TraceColour(kPlanes[i])});
+    }
+    for (std::size_t i = 0; i < content.line->extras.size(); ++i)
+        legend.push_back({QString::fromStdString(content.line->extras[i].name),
+            kExtraTraces[i % std::size(kExtraTraces)]});
+    return legend.size() > 1 ? legend : std::vector<LegendEntry>();
+}
+
 /// One drawing of a plot: what its steps share.
 class PlotDrawing {
 public:
@@ -104,6 +125,7 @@ public:
             DrawMarks();
         }
         DrawTitle();
+        DrawLegend();
         DrawFrame();
         m_painter.restore();
     }
@@ -215,127 +237,21 @@ private:
         std::size_t extra = 0;
         for (const ProfileLine::ExtraTrace& trace : m_content.line->extras)
             DrawCurve(trace.trace, kExtraTraces[extra++ % std::size(kExtraTraces)]);
-        const bool isGray = m_content.shown == ShownColour::Gray;
-        if (!isGray && (m_content.shown == ShownColour::All || m_content.scene.everyPlane)) {
-            for (const ShownColour plane :
-                {ShownColour::Red, ShownColour::Green, ShownColour::Blue}) {
+        if (!ShowsEveryPlane(m_content))
+            DrawCurve(m_content.line->Of(PlaneOf(m_content.shown)), TraceColour(m_content.shown));
+        else
+            for (const ShownColour plane : kPlanes) {
                 QColor colour = TraceColour(plane);
                 constexpr int kSeeThrough = 190;
                 colour.setAlpha(kSeeThrough);
                 DrawCurve(m_content.line->Of(PlaneOf(plane)), colour);
             }
-        } else {
-            DrawCurve(m_content.line->Of(PlaneOf(m_content.shown)), TraceColour(m_content.shown));
-        }
         m_painter.restore();
     }
 
     void DrawCurve(const ProfileLine::Trace& trace, const QColor& colour)
     {
-        if (trace.samples.empty())
-            return;
-        const double unitsPerSample = m_scale.width / m_scale.view.length;
-        if (unitsPerSample >= kSmoothFrom)
-            DrawSamples(trace, colour, unitsPerSample);
-        else if (IsRaster())
-            DrawColumnsAsFills(trace, colour);
-        else
-            DrawColumnsAsLine(trace, colour);
-    }
-
-    void DrawSamples(const ProfileLine::Trace& trace, const QColor& colour, double unitsPerSample)
-    {
-        const CurveSamples inView = SamplesInView(trace.samples, m_scale.view);
-        QPolygonF points;
-        points.reserve(static_cast<qsizetype>(inView.samples.size()));
-        double pixel = static_cast<double>(inView.first) + 0.5;
-        for (const std::uint8_t sample : inView.samples) {
-            points.append({m_scale.XAt(pixel), m_scale.YAt(sample)});
-            pixel += 1.0;
-        }
-        m_painter.setRenderHint(QPainter::Antialiasing, true);
-        DrawSmoothLine(points, colour);
-        if (unitsPerSample >= kDotsFrom) {
-            m_painter.setPen(QPen(colour, 4.5, Qt::SolidLine, Qt::RoundCap));
-            m_painter.drawPoints(points);
-        }
-        m_painter.setRenderHint(QPainter::Antialiasing, false);
-    }
-
-    /// A line of one unit. A raster draws lines of one device pixel five times faster than any
-    /// wider ones, so there a wider line is several of these, one under the other.
-    void DrawSmoothLine(const QPolygonF& points, const QColor& colour)
-    {
-        if (!IsRaster()) {
-            m_painter.setPen(QPen(colour, 1.0));
-            m_painter.drawPolyline(points);
-            return;
-        }
-        m_painter.setPen(QPen(colour, 0));
-        const int lines = std::max(static_cast<int>(std::lround(DeviceScale())), 1);
-        for (int line = 0; line < lines; ++line)
-            m_painter.drawPolyline(points.translated(0.0, line / DeviceScale()));
-    }
-
-    bool IsRaster() const { return m_painter.paintEngine()->type() == QPaintEngine::Raster; }
-    double DeviceScale() const { return std::max(m_painter.deviceTransform().m11(), 0.1); }
-
-    /// On a raster each column is one fill of whole device pixels: several times faster than lines,
-    /// and without a line's rounding.
-    void DrawColumnsAsFills(const ProfileLine::Trace& trace, const QColor& colour)
-    {
-        const QTransform toDevice = m_painter.deviceTransform();
-        const QRectF area = toDevice.mapRect(m_area);
-        const CurveColumns curve = SumUpColumns(trace.samples, trace.pyramid, m_scale.view,
-            static_cast<int>(std::lround(area.width())));
-        const double perValue = area.height() / (m_scale.high - m_scale.low);
-        const int thickness = std::max(static_cast<int>(std::lround(toDevice.m11())), 1);
-        const auto yAt = [&](int value) {
-            return static_cast<int>(std::lround(area.top() + (m_scale.high - value) * perValue));
-        };
-        QVarLengthArray<QRect, 4096> fills;
-        const double step = curve.pixelsPerColumn / m_scale.view.length * area.width();
-        double x = toDevice.map(QPointF(m_scale.XAt(curve.firstPixel), 0.0)).x();
-        for (const SampleRange& range : curve.columns) {
-            if (!range.IsEmpty())
-                fills.append(QRect(static_cast<int>(std::lround(x)), yAt(range.highest), 1,
-                    yAt(range.lowest) - yAt(range.highest) + thickness));
-            x += step;
-        }
-        m_painter.save();
-        m_painter.setTransform(toDevice.inverted() * m_painter.transform());
-        m_painter.setPen(Qt::NoPen);
-        m_painter.setBrush(colour);
-        m_painter.drawRects(fills.constData(), static_cast<int>(fills.size()));
-        m_painter.restore();
-    }
-
-    /// On paper and in vector files the columns become one line through their lowest and highest.
-    void DrawColumnsAsLine(const ProfileLine::Trace& trace, const QColor& colour)
-    {
-        const int columns = std::min(
-            static_cast<int>(m_scale.width * std::max(DeviceScale(), 1.0)), kMostVectorColumns);
-        const CurveColumns curve =
-            SumUpColumns(trace.samples, trace.pyramid, m_scale.view, columns);
-        QPolygonF points;
-        points.reserve(static_cast<qsizetype>(2 * curve.columns.size()));
-        bool endedLow = false;
-        double pixel = curve.firstPixel + curve.pixelsPerColumn / 2.0;
-        for (const SampleRange& range : curve.columns) {
-            const double x = m_scale.XAt(pixel);
-            pixel += curve.pixelsPerColumn;
-            if (range.IsEmpty())
-                continue;
-            const double high = m_scale.YAt(range.highest);
-            const double low = m_scale.YAt(range.lowest);
-            points.append({x, endedLow ? low : high});
-            if (range.highest != range.lowest) {
-                points.append({x, endedLow ? high : low});
-                endedLow = !endedLow;
-            }
-        }
-        m_painter.setPen(QPen(colour, 0.7, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
-        m_painter.drawPolyline(points);
+        DrawTrace(m_painter, m_scale, {trace.samples, trace.pyramid}, colour);
     }
 
     void DrawLevels()
@@ -385,6 +301,21 @@ private:
             DrawText(m_area.left(), kTitleHeight - 6.0, m_content.scene.title, Align::Left, kInk);
     }
 
+    void DrawLegend()
+    {
+        const std::vector<LegendEntry> legend = LegendOf(m_content);
+        constexpr double kSwatch = 9.0;
+        constexpr double kGap = 4.0;
+        double right = m_area.right();
+        for (auto entry = legend.rbegin(); entry != legend.rend(); ++entry) {
+            const double left = right - m_metrics.horizontalAdvance(entry->name);
+            DrawText(left, kTitleHeight - 6.0, entry->name.toStdString(), Align::Left, kInk);
+            m_painter.fillRect(QRectF(left - kGap - kSwatch, kTitleHeight - 15.0, kSwatch, kSwatch),
+                entry->colour);
+            right = left - kSwatch - 4.0 * kGap;
+        }
+    }
+
     enum class Align { Left, Centre, Right };
 
     double AlignedLeft(double x, double width, Align align) const
@@ -428,7 +359,7 @@ private:
         Qt::PenStyle style = Qt::SolidLine)
     {
         // Width 0 is one device pixel on a screen, but a hair on paper.
-        m_painter.setPen(QPen(colour, IsRaster() ? 0.0 : 0.5, style));
+        m_painter.setPen(QPen(colour, IsRaster(m_painter) ? 0.0 : 0.5, style));
         m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
     }
 
@@ -466,7 +397,8 @@ ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size)
     scale.view.length = std::max(scale.view.length, 1.0);
     scale.low = content.scene.low;
     scale.high = std::max(content.scene.high, scale.low + 1.0);
-    const double above = (content.scene.title.empty() ? 6.0 : kTitleHeight) + kCameraBandHeight;
+    const bool hasTitleRow = !content.scene.title.empty() || !LegendOf(content).empty();
+    const double above = (hasTitleRow ? kTitleHeight : 6.0) + kCameraBandHeight;
     const int tickRows = content.cameras.pixelPitchMm > 0.0 ? 2 : 1;
     scale.left = kLeftMargin;
     // Whole units keep the frame, the grid and the columns of a raster on device pixels.
@@ -480,56 +412,6 @@ ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size)
 void DrawProfilePlot(QPainter& painter, QSizeF size, const ProfilePlotContent& content)
 {
     PlotDrawing(painter, size, content).Draw();
-}
-
-namespace {
-
-QString CursorText(const CursorReading& reading)
-{
-    QString text = QStringLiteral("px %1").arg(reading.pixel);
-    if (reading.positionMm)
-        text += QStringLiteral("   %1 mm").arg(*reading.positionMm, 0, 'f', 2);
-    if (reading.camera)
-        text += QStringLiteral("   camera %1")
-                    .arg(QLatin1Char(ProfileCameras::Letter(*reading.camera)));
-    return text + QStringLiteral("   %1").arg(reading.value);
-}
-
-} // namespace
-
-void DrawProfileCursor(
-    QPainter& painter, QSizeF size, const ProfilePlotContent& content, const CursorReading& reading)
-{
-    const ProfileScale scale = ScaleOf(content, size);
-    const double x = scale.XAt(static_cast<double>(reading.pixel) + 0.5);
-    const double y = scale.YAt(reading.value);
-    if (x < scale.left || x > scale.Right())
-        return;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(QPen(QColor(40, 44, 50, 150), 0));
-    painter.drawLine(QPointF(x, scale.top), QPointF(x, scale.Bottom()));
-    painter.setPen(QPen(kAccent, 1.5));
-    painter.setBrush(Qt::white);
-    if (y >= scale.top && y <= scale.Bottom())
-        painter.drawEllipse(QPointF(x, y), 3.5, 3.5);
-
-    const QFont font = FontOfHeight(kSansFace, kFontHeight);
-    const QFontMetricsF metrics(font);
-    const QString text = CursorText(reading);
-    QRectF box(0, 0, metrics.horizontalAdvance(text) + 12.0, metrics.height() + 6.0);
-    // The box changes sides before it would leave the plot.
-    constexpr double kGap = 8.0;
-    const bool fitsRight = x + kGap + box.width() <= scale.Right();
-    box.moveTo(fitsRight ? x + kGap : std::max(x - kGap - box.width(), scale.left),
-        scale.Bottom() - box.height() - kGap);
-    painter.setPen(QPen(kFrameColour, 0.8));
-    painter.setBrush(QColor(255, 255, 240, 235));
-    painter.drawRoundedRect(box, 3, 3);
-    painter.setFont(font);
-    painter.setPen(kInk);
-    painter.drawText(box, Qt::AlignCenter, text);
-    painter.restore();
 }
 
 } // namespace vireo
