@@ -12,13 +12,14 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddFilesArgument(command, settings);
     AddKindOption(command, settings);
     AddLineOption(command, settings);
+    AddUnitOption(command, settings);
     AddJobsOption(command, settings);
 }
 
 int Run(const Settings& settings)
 {
     return RunOverFiles(settings, [&settings](const Subject& subject) {
-        return AnalyseFile(subject, AnalyseSettings{settings.line});
+        return AnalyseFile(subject, AnalyseSettings{settings.line, settings.unit});
     });
 }
 

@@ -3,6 +3,8 @@
 #include "cli/Options.h"
 #include "cli/Output.h"
 #include "cli/json/OscilloscopeJson.h"
+#include "viewers/noise/NoiseData.h"
+#include "viewers/noise/NoiseExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeExport.h"
 
@@ -26,9 +28,18 @@ std::string ExportOscilloscope(const Subject& subject, const Settings& settings)
     return DescribeOutput(settings.output, ExportLineAsCsv(settings.output, data, settings.line));
 }
 
+std::string ExportNoise(const Subject& subject, const Settings& settings)
+{
+    NoiseData data;
+    if (const NoiseResult result = data.Read(subject.path); result != NoiseResult::Ok)
+        return data.DescribeFailure(result);
+    return DescribeOutput(settings.output, ExportNoiseAsCsv(settings.output, data));
+}
+
 constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, ExportOscilloscope},
     {FileKind::Mtf, ExportOscilloscope},
+    {FileKind::Noise, ExportNoise},
 };
 
 int Run(const Settings& settings)

@@ -88,4 +88,17 @@ void AddLineOption(CLI::App& command, Settings& settings)
         ->type_name("N");
 }
 
+void AddUnitOption(CLI::App& command, Settings& settings)
+{
+    const auto take = [&settings](const std::string& name) {
+        settings.unit = NoiseUnitFromName(name);
+        if (!settings.unit)
+            throw CLI::ValidationError("--unit", "must be one of SU, Inch, CM, not " + name);
+    };
+    command
+        .add_option_function<std::string>("--unit", take,
+            "The unit of positions on a noise line: SU, Inch, CM (default: the viewer's)")
+        ->type_name("UNIT");
+}
+
 } // namespace vireo

@@ -84,6 +84,7 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddKindOption(command, settings);
     AddLineOption(command, settings);
     AddViewOptions(command, settings);
+    AddUnitOption(command, settings);
 
     const auto takeSize = [&settings](const std::string& text) {
         settings.givenSize = ParseSize(text);

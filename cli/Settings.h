@@ -3,6 +3,7 @@
 #include "app/FileKind.h"
 #include "cli/CommandLineReader.h"
 #include "viewers/controls/ProfileLine.h"
+#include "viewers/noise/NoiseUnit.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -40,6 +41,7 @@ struct Settings {
     PaperSize paper = PaperSize::A4;
     std::optional<int> camera;         ///< 0 for A; else the whole line is shown.
     std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.
+    std::optional<NoiseUnit> unit;     ///< Of positions on a noise line; else the viewer's.
     int zoom = 1;
 };
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "cli/json/FileResult.h"
+#include "viewers/noise/NoiseUnit.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace vireo {
 
@@ -11,6 +13,7 @@ struct Subject;
 /// What an analysis can be asked for besides the file.
 struct AnalyseSettings {
     std::int64_t line = 0; ///< 0-based; the line whose figures are told, in kinds that have lines.
+    std::optional<NoiseUnit> unit; ///< Of positions on a noise line; else the viewer's.
 };
 
 /// Every figure that the viewer of the file's kind shows. A kind that cannot be analysed gives a

@@ -1,29 +1,14 @@
 #include "viewers/oscilloscope/OscilloscopeExport.h"
 
-#include "platform/AtomicFile.h"
 #include "testfile/TestFileHeader.h"
+#include "viewers/controls/LineTable.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 
-#include <algorithm>
-#include <array>
-#include <charconv>
 #include <string>
 
 namespace vireo {
 
 namespace {
-
-/// Rows are gathered in pieces of this many pixels before they are written.
-constexpr std::int64_t kPiecePixels = 64 * 1024;
-
-template <typename Number>
-void AppendNumber(std::string& text, Number number)
-{
-    constexpr std::size_t kLongestNumber = 32;
-    std::array<char, kLongestNumber> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    text.append(digits.data(), end);
-}
 
 std::string TableHeading(const OscilloscopeData& data)
 {
@@ -62,23 +47,15 @@ void AppendRows(std::string& text, std::int64_t first, const ProfileCameras& cam
 FileStatus ExportLineAsCsv(
     const std::filesystem::path& target, const OscilloscopeData& data, std::int64_t line)
 {
-    AtomicFile file;
-    if (const FileStatus status = file.Open(target); status != FileStatus::Ok)
-        return status;
-    FileStatus status = file.Write(TableHeading(data));
     const ProfileCameras cameras = data.Cameras();
-    const std::int64_t pixels = data.PixelsOfLine(line);
     OscilloscopeData::PlaneBytes planes;
-    std::string rows;
-    for (std::int64_t first = 0; status == FileStatus::Ok && first < pixels;
-         first += kPiecePixels) {
-        if (!data.ReadPixels(line, first, std::min(kPiecePixels, pixels - first), planes))
-            return FileStatus::Failed;
-        rows.clear();
-        AppendRows(rows, first, cameras, planes);
-        status = file.Write(rows);
-    }
-    return status == FileStatus::Ok ? file.Commit() : status;
+    return WriteLineTable(target, TableHeading(data), data.PixelsOfLine(line),
+        [&](std::string& text, std::int64_t first, std::int64_t count) {
+            if (!data.ReadPixels(line, first, count, planes))
+                return false;
+            AppendRows(text, first, cameras, planes);
+            return true;
+        });
 }
 
 } // namespace vireo

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/json/FileResult.h"
+
+namespace vireo {
+
+struct AnalyseSettings;
+struct Subject;
+
+/// The record of a noise test file, and where each of its planes leaves the band.
+FileResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings);
+
+} // namespace vireo
