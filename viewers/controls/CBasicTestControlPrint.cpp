@@ -1,22 +1,18 @@
 // Printing of CBasicTestControl.
 
-#include "platform/Message.h"
 #include "viewers/controls/CBasicTestControl.h"
+#include "viewers/controls/PrintCommand.h"
 #include "viewers/controls/PrintPageLayout.h"
-#include "viewers/controls/PumpMessages.h"
 
 #include <QFileInfo>
 #include <QPagedPaintDevice>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
+#include <QPainter>
 #include <QPrinter>
 #include <QScopedValueRollback>
 
 namespace vireo {
 
 namespace {
-
-constexpr const char* kDocumentName = "Printing Tqx Test Document";
 
 /// What a device of pages says of itself: the printable area in its pixels.
 QSizeF PrintableSize(const QPaintDevice& device)
@@ -31,15 +27,8 @@ void CBasicTestControl::Print()
     const QScopedValueRollback printing(m_bPrinting, true);
     MeasureText();
     QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintCollateCopies);
-    dialog.setMinMax(1, 1);
-    dialog.setFromTo(1, 1);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    PumpMessages();
-    if (!PrintPages(printer))
-        ShowMessage("Unable to print section", "Printer section", MessageIcon::Exclamation);
+    if (AskForPrinter(printer, this) && !PrintPages(printer))
+        ShowPrintFailure();
 }
 
 void CBasicTestControl::PrintPreview()
@@ -47,10 +36,7 @@ void CBasicTestControl::PrintPreview()
     const QScopedValueRollback printing(m_bPrinting, true);
     MeasureText();
     QPrinter printer(QPrinter::HighResolution);
-    QPrintPreviewDialog dialog(&printer, this, Qt::Window);
-    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
-        [this](QPrinter* target) { PrintDocument(*target); });
-    dialog.exec();
+    ShowPrintPreview(printer, this, [this](QPrinter& target) { PrintDocument(target); });
 }
 
 bool CBasicTestControl::PrintPages(QPrinter& printer)
@@ -74,7 +60,7 @@ bool CBasicTestControl::PrintPages(QPrinter& printer)
 
 bool CBasicTestControl::PrintJob(QPrinter& printer, int pageIndex)
 {
-    printer.setDocName(QLatin1String(kDocumentName));
+    printer.setDocName(QLatin1String(kPrintDocumentName));
     QPainter dc;
     if (!dc.begin(&printer))
         return false;

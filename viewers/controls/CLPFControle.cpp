@@ -1,7 +1,10 @@
 #include "viewers/controls/CLPFControle.h"
 
+#include "viewers/controls/PrintCommand.h"
+
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPrinter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -217,6 +220,34 @@ ProfilePage CLPFControle::Page(const std::vector<const CLPFControle*>& companion
     for (const CLPFControle* companion : companions)
         page.companions.push_back({companion->m_content, companion->size()});
     return page;
+}
+
+namespace {
+
+bool PrintOn(QPrinter& printer, const ProfilePage& page)
+{
+    printer.setDocName(QLatin1String(kPrintDocumentName));
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    DrawProfilePage(painter, QRectF(0.0, 0.0, printer.width(), printer.height()), page);
+    return painter.end();
+}
+
+} // namespace
+
+void CLPFControle::Print(const std::vector<const CLPFControle*>& companions)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    if (AskForPrinter(printer, this) && !PrintOn(printer, Page(companions)))
+        ShowPrintFailure();
+}
+
+void CLPFControle::PrintPreview(const std::vector<const CLPFControle*>& companions)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    const ProfilePage page = Page(companions);
+    ShowPrintPreview(printer, this, [&page](QPrinter& target) { PrintOn(target, page); });
 }
 
 void CLPFControle::Redraw()
