@@ -11,6 +11,10 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
+#include <QShowEvent>
+
+#include <algorithm>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -118,6 +122,17 @@ void CViewerDialog::OnAcceleratorCommand(int) { }
 void CViewerDialog::OnAbout()
 {
     CAboutDlg(this).exec();
+}
+
+void CViewerDialog::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous() && !testAttribute(Qt::WA_Moved)) {
+        const QRect desktop = screen()->availableGeometry();
+        const QPoint centred = desktop.center() - rect().center();
+        // A dialog larger than the desktop keeps its upper left corner on it.
+        move(std::max(centred.x(), desktop.left()), std::max(centred.y(), desktop.top()));
+    }
+    QDialog::showEvent(event);
 }
 
 void CViewerDialog::paintEvent(QPaintEvent* event)

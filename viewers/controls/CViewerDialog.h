@@ -47,6 +47,9 @@ protected:
     /// Shows the about box, modally.
     virtual void OnAbout();
 
+    /// Centres the dialog on the desktop when it first appears, unless it has been moved: the
+    /// window that opens it may have shrunk into a corner.
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool nativeEvent(const QByteArray& eventType, void* message, qintptr* result) override;
 
