@@ -7,10 +7,9 @@
 
 #include <QApplication>
 #include <QFileDialog>
-#include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
-#include <QShortcutEvent>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -289,6 +288,25 @@ TEST_F(CViewerDlgTest, SeveralViewersOpenOneAfterTheOther)
         EXPECT_EQ(opened.file, file);
         EXPECT_EQ(opened.mainPosition, kShrunk);
     }
+}
+
+TEST_F(CViewerDlgTest, AViewerAppearsInTheMiddleNotWhereTheMainDialogHides)
+{
+    QPoint middle;
+    auto setup = MakeSetup();
+    setup.viewers = ViewerTable();
+    setup.viewers.Add("CStarTest_Dialog", [&](const auto&, ViewerHost&, QWidget* parent) {
+        CViewerDialog viewer(parent);
+        viewer.resize(300, 200);
+        viewer.show();
+        middle = viewer.geometry().center();
+    });
+    CViewerDlg dialog(std::move(setup));
+    dialog.SetFileToLoad(Utf8FromPath(m_folder.Write("r.con", WithTag("[StarTest]"))));
+    Run(dialog, [] { return false; });
+    // The window's frame takes a few pixels.
+    const QPoint off = middle - dialog.screen()->availableGeometry().center();
+    EXPECT_LE(off.manhattanLength(), 40);
 }
 
 TEST_F(CViewerDlgTest, APackedDumpIsUnpackedAndItsFolderShown)
