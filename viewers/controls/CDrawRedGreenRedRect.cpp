@@ -42,8 +42,8 @@ void CDrawRedGreenRedRect::DrawScale(QPainter& dc) const
     const auto drawMark = [&](double value, bool withText) {
         const int y = scale.PositionOf(value);
         const int length = m_iWidth / 8;
-        dc.fillRect(m_iLeft, y, length, 1, Qt::white);
-        dc.fillRect(m_iLeft + m_iWidth - length, y, length, 1, Qt::white);
+        dc.fillRect(m_iLeft + 1, y, length, 1, Qt::white);
+        dc.fillRect(m_iLeft + m_iWidth - 1 - length, y, length, 1, Qt::white);
         const QString text = QString::number(value);
         if (withText && metrics.horizontalAdvance(text) < m_iWidth - 2 * length) {
             dc.drawText(QRect(m_iLeft, y - metrics.height() / 2, m_iWidth, metrics.height()),

@@ -42,7 +42,7 @@ void CElapsed_Control::OnTimer(int)
 bool CElapsed_Control::DrawContent(QPainter& dc, int width, int height)
 {
     constexpr int kTextHeight = 14;
-    const QColor face = palette().color(QPalette::Button);
+    const QColor face = palette().color(QPalette::Active, QPalette::Button);
     dc.fillRect(0, 0, width, height, face);
     SetFont(dc, kTextHeight, kSansFace, kNormalWeight);
     dc.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));

@@ -92,7 +92,7 @@ void CViewerDialog::AddToFileMenu(QAction* action)
 
 void CViewerDialog::LoadAcceleratorTable(const char* name)
 {
-    const auto table = LoadAccelerators(QLatin1String(name));
+    const auto table = LoadAcceleratorResource(QLatin1String(name));
     if (!table) {
         ShowMessage("Load Accel Failed");
         return;

@@ -82,7 +82,7 @@ int FittingHeight(const QString& text, int height, int width)
 
 bool CWidthCenter_Control::DrawContent(QPainter& dc, int width, int height)
 {
-    dc.fillRect(0, 0, width, height, palette().color(QPalette::Button));
+    dc.fillRect(0, 0, width, height, palette().color(QPalette::Active, QPalette::Button));
     DrawTitle(dc, width, height);
 
     CDrawRedGreenRedRect gauge;

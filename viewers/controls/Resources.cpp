@@ -36,7 +36,7 @@ std::vector<Accelerator> ParseAccelerators(const QString& text)
     return accelerators;
 }
 
-std::optional<std::vector<Accelerator>> LoadAccelerators(const QString& name)
+std::optional<std::vector<Accelerator>> LoadAcceleratorResource(const QString& name)
 {
     KeepCompiledResources();
     QFile file(QStringLiteral(":/accelerators/%1.txt").arg(name));

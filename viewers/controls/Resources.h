@@ -23,7 +23,7 @@ struct Accelerator {
 std::vector<Accelerator> ParseAccelerators(const QString& text);
 
 /// An accelerator table of the program, such as "IDR_ACCELERATOR_VIREO"; nothing when there is no
-/// table of that name.
-std::optional<std::vector<Accelerator>> LoadAccelerators(const QString& name);
+/// table of that name. (The system's own name for this is a macro on Windows.)
+std::optional<std::vector<Accelerator>> LoadAcceleratorResource(const QString& name);
 
 } // namespace vireo

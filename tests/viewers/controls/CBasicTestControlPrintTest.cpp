@@ -1,13 +1,18 @@
+#include "platform/Message.h"
 #include "tests/TempFolder.h"
 #include "viewers/controls/CBasicTestControl.h"
 #include "viewers/controls/CScrollTextControl.h"
 #include "viewers/controls/Fonts.h"
 #include "viewers/controls/QtText.h"
 
+#include <QApplication>
 #include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -159,6 +164,58 @@ TEST_F(PrintTest, ThePlotKeepsItsProportions)
     m_control.PrintPage(dc, QSizeF(1000, 1440), 0);
     EXPECT_EQ(page.pixelColor(899, 92), QColor(Qt::black));
     EXPECT_EQ(page.pixelColor(899, 91), QColor(Qt::white));
+}
+
+/// Does something to the dialog that opens next, which blocks meanwhile.
+template <typename Dialog, typename Action>
+void WithNextDialog(Action action)
+{
+    QTimer::singleShot(0, qApp, [action] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        action(*dialog);
+    });
+}
+
+TEST_F(PrintTest, CancellingPrintsNothing)
+{
+    MessageRecorder recorder;
+    WithNextDialog<QPrintDialog>([](QPrintDialog& dialog) {
+        EXPECT_EQ(dialog.fromPage(), 1);
+        EXPECT_EQ(dialog.toPage(), 1);
+        EXPECT_EQ(dialog.minPage(), 1);
+        EXPECT_EQ(dialog.maxPage(), 1);
+        dialog.reject();
+    });
+    m_control.Print();
+    EXPECT_TRUE(m_control.pages.empty());
+    EXPECT_TRUE(recorder.Messages().empty());
+}
+
+TEST_F(PrintTest, FailureIsTold)
+{
+    MessageRecorder recorder;
+    WithNextDialog<QPrintDialog>([](QPrintDialog& dialog) {
+        dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
+        dialog.printer()->setOutputFileName(QStringLiteral("/no such folder/page.pdf"));
+        dialog.done(QDialog::Accepted);
+    });
+    m_control.Print();
+    ASSERT_EQ(recorder.Messages().size(), 1u);
+    EXPECT_EQ(recorder.Messages()[0].text, "Unable to print section");
+    EXPECT_EQ(recorder.Messages()[0].caption, "Printer section");
+    EXPECT_EQ(recorder.Messages()[0].icon, MessageIcon::Exclamation);
+}
+
+TEST_F(PrintTest, PreviewShowsTheSamePages)
+{
+    m_control.SetPageCount(2);
+    WithNextDialog<QPrintPreviewDialog>([this](QPrintPreviewDialog& dialog) {
+        QApplication::processEvents();
+        EXPECT_EQ(m_control.pages, (std::vector<int>{1, 0}));
+        dialog.reject();
+    });
+    m_control.PrintPreview();
 }
 
 TEST(CScrollTextControlPrint, PrintsItsWholeTextOnPages)
