@@ -1,5 +1,4 @@
 #include "app/ViewerTable.h"
-
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 
 #include <system_error>
