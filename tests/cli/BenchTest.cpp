@@ -1,0 +1,105 @@
+#include "tests/TempFolder.h"
+#include "tests/cli/ProgramRun.h"
+#include "tests/cli/ScanFile.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace vireo {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// The one object of a run that must succeed.
+Json Measure(const std::vector<std::string>& arguments)
+{
+    const ProgramRun run = RunBench(arguments);
+    EXPECT_EQ(run.exitStatus, 0) << run.error;
+    EXPECT_EQ(run.error, "");
+    const auto objects = run.Objects();
+    return objects.size() == 1 ? objects[0] : Json();
+}
+
+TEST(Bench, LoadCountsTheFile)
+{
+    const TempFolder folder;
+    const std::string bytes = ScanFile().Bytes();
+    const Json figures =
+        Measure({"load", Text(folder.Write("a.con", bytes)), "--repeat", "3", "--threads", "0"});
+    EXPECT_EQ(KeysOf(figures),
+        (std::vector<std::string>{
+            "mb_per_s", "seconds_min", "seconds_median", "pixels_bytes", "file_bytes", "threads"}));
+    EXPECT_EQ(figures["file_bytes"], bytes.size());
+    EXPECT_EQ(figures["pixels_bytes"], 0);
+    EXPECT_EQ(figures["threads"], 1);
+    EXPECT_GT(figures["seconds_min"], 0.0);
+    EXPECT_GE(figures["seconds_median"], figures["seconds_min"]);
+    EXPECT_DOUBLE_EQ(figures["mb_per_s"].get<double>() * figures["seconds_median"].get<double>(),
+        static_cast<double>(bytes.size()) / 1e6);
+}
+
+TEST(Bench, PlotDrawsTheLine)
+{
+    ScanFile scan;
+    scan.lines = 2;
+    const TempFolder folder;
+    const std::string file = Text(folder.Write("a.con", scan.Bytes()));
+    const Json figures = Measure({"plot", "oscilloscope", file, "--repeat", "1"});
+    EXPECT_EQ(KeysOf(figures),
+        (std::vector<std::string>{
+            "first_ms", "redraw_ms", "zoom_ms", "scroll_ms", "points", "width", "height"}));
+    EXPECT_EQ(figures["points"], scan.Width());
+    EXPECT_EQ(figures["width"], 1600);
+    EXPECT_EQ(figures["height"], 500);
+    EXPECT_GT(figures["redraw_ms"], 0.0);
+    const Json sized = Measure({"plot", "mtf", file, "--size", "300x200", "--repeat", "1"});
+    EXPECT_EQ(sized["width"], 300);
+    EXPECT_EQ(sized["height"], 200);
+}
+
+TEST(Bench, FirstFrameShowsTheMainDialogOrTheViewer)
+{
+    const TempFolder folder;
+    const std::string file = Text(folder.Write("a.con", ScanFile().Bytes()));
+    for (const auto& arguments :
+        {std::vector<std::string>{"first-frame"}, std::vector<std::string>{"first-frame", file}}) {
+        const Json figures = Measure(arguments);
+        EXPECT_EQ(KeysOf(figures), (std::vector<std::string>{"first_frame_ms", "peak_rss_kb"}));
+        EXPECT_GT(figures["first_frame_ms"], 0.0);
+        EXPECT_GT(figures["peak_rss_kb"], 1000);
+    }
+}
+
+struct FailureRow {
+    const char* name;
+    int exitStatus;
+    std::vector<std::string> arguments;
+
+    friend void PrintTo(const FailureRow& row, std::ostream* out) { *out << row.name; }
+};
+
+class BenchFails : public testing::TestWithParam<FailureRow> { };
+
+TEST_P(BenchFails, InOneLine)
+{
+    const ProgramRun run = RunBench(GetParam().arguments);
+    EXPECT_EQ(run.exitStatus, GetParam().exitStatus);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.Errors().size(), 1U) << run.error;
+    EXPECT_TRUE(run.error.starts_with("vireo-bench: ")) << run.error;
+}
+
+INSTANTIATE_TEST_SUITE_P(CommandLines, BenchFails,
+    testing::Values(FailureRow{"nothing", 2, {}}, FailureRow{"unknown command", 2, {"draw"}},
+        FailureRow{"no file", 2, {"load"}}, FailureRow{"no run", 2, {"load", "--repeat", "0", "a"}},
+        FailureRow{"unknown kind", 2, {"plot", "scan", "a.con"}},
+        FailureRow{"bad size", 2, {"plot", "mtf", "a.con", "--size", "10"}},
+        FailureRow{"missing file", 1, {"load", "no-such-file"}},
+        FailureRow{"missing file to plot", 1, {"plot", "mtf", "no-such-file"}},
+        FailureRow{"missing file to show", 1, {"first-frame", "no-such-file"}}));
+
+} // namespace
+
+} // namespace vireo

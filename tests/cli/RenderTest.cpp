@@ -1,0 +1,153 @@
+#include "tests/TempFolder.h"
+#include "tests/cli/ProgramRun.h"
+#include "tests/cli/ScanFile.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace vireo {
+
+namespace {
+
+/// Renders a file with options; the picture's path.
+std::filesystem::path Render(const TempFolder& folder, const ScanFile& scan, const char* name,
+    std::vector<std::string> options = {})
+{
+    const auto picture = folder.Path() / name;
+    const std::string file = Text(folder.Write("scan.con", scan.Bytes()));
+    options.insert(options.begin(), {"render", file, "-o", Text(picture)});
+    const ProgramRun run = RunCli(options);
+    EXPECT_EQ(run.exitStatus, 0) << run.error;
+    EXPECT_EQ(run.output + run.error, "");
+    return picture;
+}
+
+QImage Png(const std::filesystem::path& picture)
+{
+    return QImage(QString::fromStdString(Text(picture)));
+}
+
+/// How many pixels of a picture are nearly of a colour.
+int CountNear(const QImage& image, const QColor& colour)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            constexpr int kNear = 40;
+            if (std::abs(pixel.red() - colour.red()) < kNear
+                && std::abs(pixel.green() - colour.green()) < kNear
+                && std::abs(pixel.blue() - colour.blue()) < kNear)
+                ++count;
+        }
+    }
+    return count;
+}
+
+TEST(Render, DrawsAPngOfTheSize)
+{
+    const TempFolder folder;
+    EXPECT_EQ(Png(Render(folder, {}, "a.png")).size(), QSize(1600, 500));
+    EXPECT_EQ(Png(Render(folder, {}, "a.png", {"--size", "333x222"})).size(), QSize(333, 222));
+    EXPECT_EQ(Png(Render(folder, {}, "a.PNG", {"--size", "1x1"})).size(), QSize(1, 1));
+}
+
+TEST(Render, DrawsThePlaneAskedFor)
+{
+    const TempFolder folder;
+    const QImage red = Png(Render(folder, {}, "a.png", {"--color", "red"}));
+    const QImage green = Png(Render(folder, {}, "a.png", {"--color", "green"}));
+    const QImage blue = Png(Render(folder, {}, "a.png"));
+    const QColor kRed(200, 30, 30);
+    const QColor kBlue(20, 70, 220);
+    EXPECT_GT(CountNear(red, kRed), 1000);
+    EXPECT_LT(CountNear(blue, kRed), 100);
+    EXPECT_GT(CountNear(blue, kBlue), 1000) << "corrected colour data are shown by their blue";
+    EXPECT_NE(green, red);
+}
+
+TEST(Render, ShowsOtherPixelsForAnotherLineCameraOrZoom)
+{
+    ScanFile scan;
+    scan.lines = 2;
+    const TempFolder folder;
+    const QImage whole = Png(Render(folder, scan, "a.png"));
+    EXPECT_EQ(Png(Render(folder, scan, "a.png", {"--line", "0", "--zoom", "1"})), whole);
+    EXPECT_NE(Png(Render(folder, scan, "a.png", {"--line", "1"})), whole);
+    EXPECT_NE(Png(Render(folder, scan, "a.png", {"--zoom", "4"})), whole);
+    const QImage camera = Png(Render(folder, scan, "a.png", {"--camera", "C"}));
+    EXPECT_NE(camera, whole);
+    EXPECT_NE(Png(Render(folder, scan, "a.png", {"--camera", "A"})), camera);
+}
+
+TEST(Render, WritesTextAsTextInSvg)
+{
+    const TempFolder folder;
+    const std::string svg = TempFolder::Read(Render(folder, {}, "a.svg", {"--size", "800x300"}));
+    EXPECT_NE(svg.find("viewBox=\"0 0 800 300\""), std::string::npos);
+    EXPECT_NE(svg.find(">200</text>"), std::string::npos) << "a value of the axis";
+    EXPECT_NE(svg.find(">B</text>"), std::string::npos) << "a camera's letter";
+}
+
+TEST(Render, PrintsAPageWithItsHeaderAsPdf)
+{
+    if (!HasTool("pdftotext") || !HasTool("pdfinfo"))
+        GTEST_SKIP() << "needs poppler-utils";
+    ScanFile scan;
+    scan.scannerName = "M\xFCller"; // One byte of code page 1252.
+    const TempFolder folder;
+    struct Row {
+        const char* paper;
+        const char* size;
+    };
+    for (const Row& row :
+        {Row{"A4", "595 x 842"}, Row{"A3", "842 x 1191"}, Row{"Letter", "612 x 792"}}) {
+        const auto page = Render(folder, scan, "a.pdf", {"--page", row.paper, "--camera", "B"});
+        const std::string info = RunTool("pdfinfo", {Text(page)}).output;
+        EXPECT_NE(info.find(row.size), std::string::npos) << info;
+        const std::string text = RunTool("pdftotext", {"-layout", Text(page), "-"}).output;
+        EXPECT_NE(text.find("Scanner Name:"), std::string::npos) << text;
+        EXPECT_NE(text.find("M\xC3\xBCller"), std::string::npos) << text;
+        EXPECT_NE(text.find("2026-03-01"), std::string::npos) << text;
+        EXPECT_NE(text.find("Camera B"), std::string::npos) << "the details are on the page";
+    }
+}
+
+struct RefusalRow {
+    const char* name;
+    bool isColor;
+    std::vector<std::string> options;
+
+    friend void PrintTo(const RefusalRow& row, std::ostream* out) { *out << row.name; }
+};
+
+class RenderRefuses : public testing::TestWithParam<RefusalRow> { };
+
+TEST_P(RenderRefuses, WhatTheFileHasNot)
+{
+    ScanFile scan;
+    scan.isColor = GetParam().isColor;
+    const TempFolder folder;
+    const auto picture = folder.Path() / "a.png";
+    std::vector<std::string> arguments{
+        "render", Text(folder.Write("scan.con", scan.Bytes())), "-o", Text(picture)};
+    arguments.insert(arguments.end(), GetParam().options.begin(), GetParam().options.end());
+    const ProgramRun run = RunCli(arguments);
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.Errors().size(), 1U) << run.error;
+    EXPECT_FALSE(std::filesystem::exists(picture));
+}
+
+INSTANTIATE_TEST_SUITE_P(Choices, RenderRefuses,
+    testing::Values(RefusalRow{"a camera without pixels", true, {"--camera", "D"}},
+        RefusalRow{"a line behind the last", true, {"--line", "1"}},
+        RefusalRow{"red of a gray file", false, {"--color", "red"}},
+        RefusalRow{"gray of a colour file", true, {"--color", "gray"}},
+        RefusalRow{"a kind that is not there", true, {"--as", "noise"}}));
+
+} // namespace
+
+} // namespace vireo

@@ -1,0 +1,91 @@
+#include "tests/TempFolder.h"
+#include "tests/cli/ProgramRun.h"
+#include "tests/cli/ScanFile.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ostream>
+
+namespace vireo {
+
+namespace {
+
+struct UsageRow {
+    const char* name;
+    std::vector<std::string> arguments;
+
+    friend void PrintTo(const UsageRow& row, std::ostream* out) { *out << row.name; }
+};
+
+class BadUsage : public testing::TestWithParam<UsageRow> { };
+
+TEST_P(BadUsage, IsToldInOneLine)
+{
+    const ProgramRun run = RunCli(GetParam().arguments);
+    EXPECT_EQ(run.exitStatus, 2);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.Errors().size(), 1U) << run.error;
+    EXPECT_TRUE(run.error.starts_with("vireo-cli: ")) << run.error;
+}
+
+INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
+    testing::Values(UsageRow{"nothing", {}}, UsageRow{"unknown command", {"show", "a.con"}},
+        UsageRow{"empty command", {""}}, UsageRow{"command of two lines", {"a\nb"}},
+        UsageRow{"no file", {"identify"}}, UsageRow{"no file behind --", {"identify", "--"}},
+        UsageRow{"unknown option", {"identify", "--all", "a.con"}},
+        UsageRow{"option of another command", {"identify", "--line", "1", "a.con"}},
+        UsageRow{"option before the command", {"--jobs", "2", "identify", "a.con"}},
+        UsageRow{"no value", {"analyse", "a.con", "--line"}},
+        UsageRow{"no number", {"analyse", "--line", "first", "a.con"}},
+        UsageRow{"number with a rest", {"analyse", "--line", "1x", "a.con"}},
+        UsageRow{"negative line", {"analyse", "--line", "-1", "a.con"}},
+        UsageRow{"line without end", {"analyse", "--line", "99999999999999999999", "a.con"}},
+        UsageRow{"no jobs", {"analyse", "--jobs", "0", "a.con"}},
+        UsageRow{"unknown kind", {"analyse", "--as", "scan", "a.con"}},
+        UsageRow{"option twice", {"analyse", "--line", "1", "--line", "2", "a.con"}},
+        UsageRow{"no output", {"export", "a.con"}},
+        UsageRow{"two files into one", {"export", "a.con", "b.con", "-o", "c.csv"}},
+        UsageRow{"unknown picture", {"render", "a.con", "-o", "a.bmp"}},
+        UsageRow{"picture without extension", {"render", "a.con", "-o", "png"}},
+        UsageRow{"size without height", {"render", "a.con", "-o", "a.png", "--size", "100"}},
+        UsageRow{"size of nothing", {"render", "a.con", "-o", "a.png", "--size", "0x100"}},
+        UsageRow{"size too large", {"render", "a.con", "-o", "a.png", "--size", "16385x10"}},
+        UsageRow{"unknown camera", {"render", "a.con", "-o", "a.png", "--camera", "I"}},
+        UsageRow{"unknown colour", {"render", "a.con", "-o", "a.png", "--color", "pink"}},
+        UsageRow{"unknown paper", {"render", "a.con", "-o", "a.pdf", "--page", "A5"}},
+        UsageRow{"no zoom", {"render", "a.con", "-o", "a.png", "--zoom", "0"}}));
+
+TEST(Usage, TellsTheVersion)
+{
+    const ProgramRun run = RunCli({"--version"});
+    EXPECT_EQ(run.exitStatus, 0);
+    EXPECT_EQ(run.output, "vireo-cli " VIREO_VERSION "\n");
+}
+
+TEST(Usage, TellsHelpOfEachCommand)
+{
+    const ProgramRun program = RunCli({"--help"});
+    EXPECT_EQ(program.exitStatus, 0);
+    for (const char* command : {"identify", "header", "analyse", "render", "export"}) {
+        EXPECT_NE(program.output.find(command), std::string::npos);
+        const ProgramRun run = RunCli({command, "--help"});
+        EXPECT_EQ(run.exitStatus, 0) << command;
+        EXPECT_NE(run.output.find("FILE"), std::string::npos) << command;
+        EXPECT_EQ(run.error, "") << command;
+    }
+}
+
+TEST(Usage, ReadsNumbersAsDecimal)
+{
+    ScanFile scan;
+    scan.lines = 9;
+    const TempFolder folder;
+    const std::string file = Text(folder.Write("a.con", scan.Bytes()));
+    EXPECT_EQ(RunCli({"analyse", "--line", "08", file}).output,
+        RunCli({"analyse", "--line=8", file}).output);
+}
+
+} // namespace
+
+} // namespace vireo
