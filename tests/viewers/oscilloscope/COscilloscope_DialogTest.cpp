@@ -9,7 +9,9 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -429,6 +431,75 @@ TEST_F(COscilloscope_DialogTest, ZoomedInTheOverviewComesBackToTheWholeLine)
     EXPECT_LT(overview.View().length, 600.0);
     Key(Qt::Key_Home);
     EXPECT_EQ(overview.View(), (ProfileView{0.0, 600.0}));
+}
+
+class FileDialogTest : public COscilloscope_DialogTest {
+protected:
+    /// Presses keys that open a file dialog, and answers it with a file of the test's folder.
+    void Answer(const char* keys, const char* fileName) const
+    {
+        // Window managers give the focus back after a dialog; there is none here.
+        m_dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
+        const QString path = QString::fromStdString((m_folder.Path() / fileName).string());
+        QTimer::singleShot(0, [path] {
+            auto* const dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            auto* const name = dialog->findChild<QLineEdit*>();
+            ASSERT_NE(name, nullptr);
+            name->setText(path);
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        const QKeyCombination combination = QKeySequence(QString::fromLatin1(keys))[0];
+        QTest::keyClick(m_dialog.get(), combination.key(), combination.keyboardModifiers());
+    }
+};
+
+TEST_F(FileDialogTest, LoadShowsAnotherFile)
+{
+    OscilloscopeFile other;
+    other.color = TestFileHeader::kColorGray;
+    other.lines = 2;
+    m_folder.Write("other.con", other.Bytes());
+    ASSERT_TRUE(Open(OscilloscopeFile()));
+    Click("cameraBButton");
+    Answer("Ctrl+O", "other.con");
+    EXPECT_EQ(Overview().shown, ShownColour::Gray);
+    EXPECT_TRUE(Find<QWidget>("linesGroup").isVisible());
+    EXPECT_TRUE(Button("cameraBButton").isChecked()) << "the camera stays where there is one";
+    EXPECT_EQ(Plot("leftPlot").View().first, 200.0);
+}
+
+TEST_F(FileDialogTest, LoadingANoiseFileHandsItOnAndCloses)
+{
+    m_folder.Write("noise.con", "[Noise Test]\nDataPointer=1\n");
+    ASSERT_TRUE(Open(OscilloscopeFile()));
+    Answer("Ctrl+O", "noise.con");
+    EXPECT_EQ(m_host.m_opened, std::vector<std::string>{"CNCTest_Dialog noise.con"});
+    EXPECT_FALSE(m_dialog->isVisible());
+}
+
+TEST_F(FileDialogTest, TheLineAndThePictureAreSaved)
+{
+    ASSERT_TRUE(Open(OscilloscopeFile()));
+    Answer("Ctrl+E", "line");
+    EXPECT_EQ(TempFolder::Read(m_folder.Path() / "line.csv").substr(0, 6), "pixel,");
+    Answer("Ctrl+Shift+S", "plots.png");
+    const QImage picture(QString::fromStdString((m_folder.Path() / "plots.png").string()));
+    EXPECT_GT(picture.width(), picture.height());
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_F(COscilloscope_DialogTest, TheSamplesOpen)
+{
+    const std::filesystem::path samples(VIREO_SAMPLES);
+    ASSERT_TRUE(Open(samples / "oscilloscope-set", true));
+    EXPECT_EQ(Text("folderText"), "300dpi Color Adjusted");
+    ASSERT_TRUE(Open(samples / "mtf.con"));
+    EXPECT_EQ(Overview().line->extras.size(), 5u);
+    EXPECT_TRUE(m_messages.Messages().empty());
+    ASSERT_TRUE(Open(samples / "oscilloscope-missing-items.con"));
+    EXPECT_FALSE(m_messages.Messages().empty());
 }
 
 class FolderTest : public COscilloscope_DialogTest {
