@@ -102,8 +102,10 @@ TEST_F(ProfilePlotTest, DrawsThePlaneOrPlanesShown)
     EXPECT_EQ(ColourAt(Draw({900, 300}), scale, 3000, 60), TraceColour(ShownColour::Red));
     content.shown = ShownColour::All;
     const QImage all = Draw({900, 300});
-    EXPECT_GT(ColourAt(all, scale, 3000, 60).red(), 150);
-    EXPECT_NE(ColourAt(all, scale, 3000, 128), QColor(Qt::white));
+    const ProfileScale withLegend = ScaleOf(content, {900, 300});
+    EXPECT_GT(withLegend.top, scale.top) << "a row for the names of the planes";
+    EXPECT_GT(ColourAt(all, withLegend, 3000, 60).red(), 150);
+    EXPECT_NE(ColourAt(all, withLegend, 3000, 128), QColor(Qt::white));
 }
 
 TEST_F(ProfilePlotTest, MarksStretchesAndBoundaries)
