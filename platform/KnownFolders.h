@@ -1,12 +1,16 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace vireo {
 
 /// The running executable; empty when the system cannot tell.
 std::filesystem::path ProgramPath();
+/// The file of a module loaded into this process, by its file name such as "Kestr6.exe"; empty when
+/// none of that name is loaded, and always so where programs are not modules (Linux).
+std::filesystem::path LoadedModulePath(const std::string& name);
 /// The folder of the running executable; empty when the system cannot tell.
 std::filesystem::path ProgramFolder();
 

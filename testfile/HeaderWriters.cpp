@@ -274,7 +274,8 @@ void TestFileHeader::WriteProgramRevision(std::string_view revision)
 
 void TestFileHeader::WriteProgramRevision()
 {
-    WriteProgramRevisionOf(ProgramPath());
+    const std::filesystem::path testProgram = LoadedModulePath("Kestr6.exe");
+    WriteProgramRevisionOf(testProgram.empty() ? ProgramPath() : testProgram);
 }
 
 void TestFileHeader::WriteProgramRevisionOf(const std::filesystem::path& module)

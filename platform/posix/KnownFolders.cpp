@@ -16,6 +16,11 @@ std::filesystem::path ProgramPath()
     return error ? std::filesystem::path() : path;
 }
 
+std::filesystem::path LoadedModulePath(const std::string&)
+{
+    return {};
+}
+
 std::filesystem::path ProgramFolder()
 {
     return ProgramPath().parent_path();

@@ -1,5 +1,7 @@
 #include "platform/KnownFolders.h"
 
+#include "platform/windows/WideText.h"
+
 #include <windows.h>
 
 #include <array>
@@ -12,13 +14,16 @@
 
 namespace vireo {
 
-std::filesystem::path ProgramPath()
+namespace {
+
+/// The file of a module; of the program itself for null.
+std::filesystem::path PathOfModule(HMODULE module)
 {
     constexpr std::size_t kLongestPath = 32768;
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length =
-            GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+            GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
         if (length == 0)
             return {};
         if (length < path.size())
@@ -27,6 +32,19 @@ std::filesystem::path ProgramPath()
             return {};
         path.resize(path.size() * 2);
     }
+}
+
+} // namespace
+
+std::filesystem::path ProgramPath()
+{
+    return PathOfModule(nullptr);
+}
+
+std::filesystem::path LoadedModulePath(const std::string& name)
+{
+    const HMODULE module = GetModuleHandleW(WideFromUtf8(name).c_str());
+    return module == nullptr ? std::filesystem::path() : PathOfModule(module);
 }
 
 std::filesystem::path ProgramFolder()
