@@ -216,7 +216,7 @@ int CBasicTestControl::PositionToScale(int x) const
     if (offset < 0 || offset > m_iWidth || m_iWidth < 1)
         return -1;
     constexpr double kScale = 256.0;
-    return static_cast<int>(offset * kScale / m_iWidth + 0.5);
+    return static_cast<int>(std::lround(offset * kScale / m_iWidth));
 }
 
 bool CBasicTestControl::IsInside(QPoint point) const

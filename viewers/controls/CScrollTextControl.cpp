@@ -116,8 +116,8 @@ void CScrollTextControl::PlaceScrollBars()
     vertical = needsHeight > height() - (horizontal ? thickness : 0);
 
     m_vertical->setVisible(vertical);
-    m_vertical->setGeometry(
-        width() - thickness, 0, thickness, height() - (horizontal ? thickness : 0));
+    // The corner where both meet is the vertical bar's.
+    m_vertical->setGeometry(width() - thickness, 0, thickness, height());
     m_horizontal->setVisible(horizontal);
     m_horizontal->setGeometry(
         0, height() - thickness, width() - (vertical ? thickness : 0), thickness);
@@ -258,7 +258,7 @@ void CScrollTextControl::PrintPage(QPainter& dc, QSizeF printable, int pageIndex
     dc.scale(scale, scale);
     const int perPage = LinesPerPage();
     double baseline = metrics.ascent();
-    for (const QString& line : m_lines.mid(pageIndex * perPage, perPage)) {
+    for (const QString& line : m_lines.mid(qsizetype{pageIndex} * perPage, perPage)) {
         dc.drawText(QPointF(0.0, baseline), line);
         baseline += layout.fontHeight;
     }
