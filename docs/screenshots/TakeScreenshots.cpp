@@ -32,7 +32,18 @@ struct Shot {
 };
 
 const Shot kShots[] = {
-    {"oscilloscope", "COscilloscope_Dialog", "oscilloscope/colour-4-cameras.con", {1200, 760}, {}},
+    {"oscilloscope", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760}, {}},
+    {"oscilloscope-light-profile", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760},
+        {"lightProfileButton"}},
+    {"oscilloscope-scan-width", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760},
+        {"scanWidthButton"}},
+    {"oscilloscope-vertical-positioning", "COscilloscope_Dialog", "oscilloscope-color.con",
+        {1200, 760}, {"verticalPositioningButton"}},
+    {"oscilloscope-lines", "COscilloscope_Dialog", "oscilloscope-lines.con", {1200, 760},
+        {"showFocusCheck", "holdButton"}},
+    {"oscilloscope-adjustment", "COscilloscope_Dialog", "oscilloscope-generation-9.con",
+        {1200, 760}, {}},
+    {"oscilloscope-mtf", "COscilloscope_Dialog", "mtf.con", {1200, 760}, {}},
 };
 
 /// The top window that is open now: a modal dialog.

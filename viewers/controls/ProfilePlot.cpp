@@ -297,22 +297,36 @@ private:
 
     void DrawTitle()
     {
-        if (!m_content.scene.title.empty())
-            DrawText(m_area.left(), kTitleHeight - 6.0, m_content.scene.title, Align::Left, kInk);
+        const QString title = QString::fromStdString(m_content.scene.title);
+        if (!title.isEmpty())
+            DrawText(m_area.left(), kTitleHeight - 6.0,
+                m_metrics.elidedText(title, Qt::ElideRight, m_size.width() - m_area.left())
+                    .toStdString(),
+                Align::Left, kInk);
     }
 
+    /// The names of the traces: in the row of the title, or where that is taken, at the end of the
+    /// camera band.
     void DrawLegend()
     {
         const std::vector<LegendEntry> legend = LegendOf(m_content);
         constexpr double kSwatch = 9.0;
         constexpr double kGap = 4.0;
-        double right = m_area.right();
+        const bool hasTitle = !m_content.scene.title.empty();
+        const double baseline = hasTitle ? m_area.top() - 4.0 : kTitleHeight - 6.0;
+        double right = m_area.right() - kGap;
         for (auto entry = legend.rbegin(); entry != legend.rend(); ++entry) {
             const double left = right - m_metrics.horizontalAdvance(entry->name);
-            DrawText(left, kTitleHeight - 6.0, entry->name.toStdString(), Align::Left, kInk);
-            m_painter.fillRect(QRectF(left - kGap - kSwatch, kTitleHeight - 15.0, kSwatch, kSwatch),
-                entry->colour);
-            right = left - kSwatch - 4.0 * kGap;
+            const double swatchLeft = left - kGap - kSwatch;
+            const double next = swatchLeft - 3.0 * kGap;
+            if (hasTitle)
+                m_painter.fillRect(
+                    QRectF(next, m_area.top() - kCameraBandHeight, right - next, kCameraBandHeight),
+                    kBandColour);
+            DrawText(left, baseline, entry->name.toStdString(), Align::Left, kInk);
+            m_painter.fillRect(
+                QRectF(swatchLeft, baseline - kSwatch, kSwatch, kSwatch), entry->colour);
+            right = next;
         }
     }
 

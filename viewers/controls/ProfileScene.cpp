@@ -41,6 +41,11 @@ ProfileScene CameraScene(
     const auto start = static_cast<double>(cameras.Start(request.camera));
     const auto end = static_cast<double>(cameras.End(request.camera));
     ProfileScene scene;
+    if (end <= start) {
+        scene.view = ProfileView::Whole(line.Length());
+        scene.title = Format("Camera %c has no pixels", ProfileCameras::Letter(request.camera));
+        return scene;
+    }
     const double step = static_cast<double>(line.Length()) / std::max(request.zoomStep, 1);
     const double length = std::clamp(step, std::min(end - start, ProfileView::kShortest),
         std::max(end - start, ProfileView::kShortest));

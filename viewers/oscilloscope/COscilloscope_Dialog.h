@@ -96,6 +96,7 @@ private:
     void OnZoom(int steps);
     void OnLoad();
     void OnPrint();
+    void OnPrintPreview();
     void OnChange();
     void OnShowFocus();
     void OnStep(int lines);

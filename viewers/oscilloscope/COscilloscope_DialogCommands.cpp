@@ -72,6 +72,7 @@ void COscilloscope_Dialog::SetUpMenus()
     load->setEnabled(!m_bUseHPDirectory);
     AddToFileMenu(load);
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint));
+    AddToFileMenu(MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview));
     AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine));
     AddToFileMenu(MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture));
     if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
@@ -128,6 +129,15 @@ void COscilloscope_Dialog::OnPrint()
     // The line that the user saw when asking is the one to print.
     m_timer.stop();
     m_plots->Print(PrintedHeaderLines(m_data, m_plots->Shown()));
+    RunTimer();
+}
+
+void COscilloscope_Dialog::OnPrintPreview()
+{
+    if (!m_bDrawingReady)
+        return;
+    m_timer.stop();
+    m_plots->PrintPreview(PrintedHeaderLines(m_data, m_plots->Shown()));
     RunTimer();
 }
 

@@ -114,6 +114,12 @@ void OscilloscopePlots::Print(std::vector<std::string> headerLines)
     m_plots[0]->Print({m_plots[1], m_plots[2]});
 }
 
+void OscilloscopePlots::PrintPreview(std::vector<std::string> headerLines)
+{
+    m_plots[0]->SetHeader(std::move(headerLines));
+    m_plots[0]->PrintPreview({m_plots[1], m_plots[2]});
+}
+
 FileStatus OscilloscopePlots::SavePicture(
     const std::filesystem::path& target, std::vector<std::string> headerLines)
 {

@@ -38,6 +38,7 @@ public:
     void ZoomAll();
     /// Prints the overview under these lines, with the detail views below it.
     void Print(std::vector<std::string> headerLines);
+    void PrintPreview(std::vector<std::string> headerLines);
 
     /// Saves what Print prints as a picture (PNG), complete or not at all.
     FileStatus SavePicture(
