@@ -17,7 +17,7 @@ FileResult AnalysePlain(const Subject& subject, const AnalyseSettings&)
 
 FileResult AnalyseUnknown(const Subject& subject, const AnalyseSettings&)
 {
-    return {ToLine(BeginObject(subject)), "Unknown kind of file"};
+    return {ToLine(BeginObject(subject)), kUnknownKind};
 }
 
 struct Analyser {

@@ -17,6 +17,8 @@ FileStatus RecogniseSubject(const std::string& name, std::optional<FileKind> kin
 
 std::string NotYet(FileKind kind, std::string_view done)
 {
+    if (kind == FileKind::Unknown)
+        return kUnknownKind;
     return std::string("Files of kind ")
         .append(KindId(kind))
         .append(" cannot be ")

@@ -24,6 +24,9 @@ struct Subject {
 FileStatus RecogniseSubject(
     const std::string& name, std::optional<FileKind> kind, Subject& subject);
 
+/// The reason to tell when a file is of no kind that is known.
+inline constexpr const char* kUnknownKind = "Unknown kind of file";
+
 /// The reason to tell when a command has no way to do a kind of file, such as "Files of kind noise
 /// cannot be rendered yet".
 std::string NotYet(FileKind kind, std::string_view done);

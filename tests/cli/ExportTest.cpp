@@ -103,6 +103,10 @@ TEST(Export, RefusesKindsWithoutASeries)
     EXPECT_EQ(run.exitStatus, 1);
     EXPECT_EQ(run.Errors().size(), 1U);
     EXPECT_FALSE(std::filesystem::exists(table));
+
+    const std::string unknown = Text(folder.Write("a.bin", "nothing known"));
+    EXPECT_EQ(RunCli({"export", unknown, "-o", Text(table)}).error,
+        "vireo-cli: " + unknown + ": Unknown kind of file\n");
 }
 
 } // namespace
