@@ -54,7 +54,7 @@ CWidthCenter_Control::Verdict CWidthCenter_Control::VerdictOf(double value) cons
 namespace {
 
 constexpr int kTitlePart = 10; ///< The title's band is a tenth of the height.
-constexpr int kSmallestText = 6;
+constexpr int kSmallestText = 11;
 
 QColor VerdictColour(CWidthCenter_Control::Verdict verdict)
 {

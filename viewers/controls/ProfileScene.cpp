@@ -91,6 +91,8 @@ ProfileScene LightProfileScene(const ProfileRequest& request, const ProfileLine&
     const SampleRange range =
         line.Of(plane).pyramid.Range(samples, boundary - reach, boundary + reach);
     FitValues(scene, range.lowest, range.highest);
+    // Away from the boundary, where the target's lines are.
+    scene.levelLabelsAtLeft = isLeft;
     const auto level = [&](char camera, double mean, bool here) {
         scene.levels.push_back({mean, scene.view.first, scene.view.End(),
             here ? MarkTint::Accent : MarkTint::Gray, Format("mean of %c %.1f", camera, mean)});

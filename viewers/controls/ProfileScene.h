@@ -56,6 +56,7 @@ struct ProfileScene {
     bool everyPlane = false; ///< All planes over each other, whatever colour is chosen.
     std::vector<ProfileMark> marks;
     std::vector<ProfileLevel> levels;
+    bool levelLabelsAtLeft = false; ///< Else at the right.
     std::string title; ///< The result in words; ASCII.
 };
 
