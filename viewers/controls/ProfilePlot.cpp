@@ -277,8 +277,9 @@ private:
                 [&](const ProfileLevel& other) { return other.value > level.value; });
             const double y = m_scale.YAt(level.value);
             const double baseline = isLower ? y + m_metrics.ascent() + 2.0 : y - 4.0;
-            DrawBoxedText(
-                m_area.right() - 6.0, baseline, level.label, Align::Right, TintColour(level.tint));
+            const bool atLeft = m_content.scene.levelLabelsAtLeft;
+            DrawBoxedText(atLeft ? m_area.left() + 6.0 : m_area.right() - 6.0, baseline,
+                level.label, atLeft ? Align::Left : Align::Right, TintColour(level.tint));
         }
     }
 
