@@ -2,10 +2,10 @@
 
 #include "viewers/controls/AxisTicks.h"
 #include "viewers/controls/Fonts.h"
+#include "viewers/controls/StraightLine.h"
 #include "viewers/controls/TraceDrawing.h"
 
 #include <QFontMetricsF>
-#include <QPaintEngine>
 #include <QPainter>
 
 #include <algorithm>
@@ -141,9 +141,10 @@ private:
 
     void DrawFrame()
     {
-        m_painter.setPen(QPen(kFrameColour, 0));
-        m_painter.setBrush(Qt::NoBrush);
-        m_painter.drawRect(m_area);
+        DrawLine(m_area.left(), m_area.top(), m_area.right(), m_area.top(), kFrameColour);
+        DrawLine(m_area.left(), m_area.bottom(), m_area.right(), m_area.bottom(), kFrameColour);
+        DrawLine(m_area.left(), m_area.top(), m_area.left(), m_area.bottom(), kFrameColour);
+        DrawLine(m_area.right(), m_area.top(), m_area.right(), m_area.bottom(), kFrameColour);
     }
 
     void DrawStretches()
@@ -222,7 +223,7 @@ private:
             const double to = std::min(m_scale.XAt(end), m_area.right());
             const bool isBoundary = camera + 1 < cameras.Count();
             if (isBoundary && end > m_scale.view.first && end < m_scale.view.End())
-                DrawLine(to, bandTop, to, m_area.bottom(), kBoundaryColour, Qt::DashLine);
+                DrawLine(to, bandTop, to, m_area.bottom(), kBoundaryColour, LineStyle::Dashed);
             constexpr double kRoomForLetter = 10.0;
             if (to - from >= kRoomForLetter)
                 DrawText((from + to) / 2.0, m_area.top() - 4.0,
@@ -262,7 +263,7 @@ private:
             const double to = std::min(m_scale.XAt(level.to), m_area.right());
             if (y < m_area.top() || y > m_area.bottom() || from >= to)
                 continue;
-            DrawLine(from, y, to, y, TintColour(level.tint), Qt::DashLine);
+            DrawLine(from, y, to, y, TintColour(level.tint), LineStyle::Dashed);
         }
         DrawLevelLabels();
     }
@@ -289,7 +290,7 @@ private:
             const double x = m_scale.XAt(mark.pixel);
             if (x < m_area.left() || x > m_area.right())
                 continue;
-            DrawLine(x, m_area.top(), x, m_area.bottom(), TintColour(mark.tint), Qt::DashLine);
+            DrawLine(x, m_area.top(), x, m_area.bottom(), TintColour(mark.tint), LineStyle::Dashed);
             if (!mark.label.empty())
                 DrawBoxedText(x + 5.0, m_area.top() + m_metrics.ascent() + 4.0, mark.label,
                     Align::Left, TintColour(mark.tint));
@@ -371,11 +372,9 @@ private:
     }
 
     void DrawLine(double x1, double y1, double x2, double y2, const QColor& colour,
-        Qt::PenStyle style = Qt::SolidLine)
+        LineStyle style = LineStyle::Solid)
     {
-        // Width 0 is one device pixel on a screen, but a hair on paper.
-        m_painter.setPen(QPen(colour, IsRaster(m_painter) ? 0.0 : 0.5, style));
-        m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
+        DrawStraightLine(m_painter, {x1, y1}, {x2, y2}, colour, style);
     }
 
     QPainter& m_painter;

@@ -1,8 +1,8 @@
 #include "viewers/controls/TraceDrawing.h"
 
 #include "viewers/controls/ProfileCurve.h"
+#include "viewers/controls/StraightLine.h"
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPolygonF>
 #include <QVarLengthArray>
@@ -23,11 +23,6 @@ constexpr double kDotSize = 4.5;
 /// More columns than this are not told apart on paper, and would only swell a file.
 constexpr int kMostVectorColumns = 3000;
 constexpr double kVectorPen = 0.7;
-
-double DeviceScale(const QPainter& painter)
-{
-    return std::max(painter.deviceTransform().m11(), 0.1);
-}
 
 /// A line of one unit. A raster draws lines of one device pixel five times faster than any wider
 /// ones, so there a wider line is several of these, one under the other.
@@ -125,11 +120,6 @@ void DrawColumnsAsLine(
 }
 
 } // namespace
-
-bool IsRaster(const QPainter& painter)
-{
-    return painter.paintEngine()->type() == QPaintEngine::Raster;
-}
 
 void DrawTrace(
     QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour)

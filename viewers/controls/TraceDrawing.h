@@ -24,7 +24,4 @@ struct TraceSamples {
 void DrawTrace(
     QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour);
 
-/// Whether a painter draws pixels, and not lines for a printer or a vector file.
-bool IsRaster(const QPainter& painter);
-
 } // namespace vireo
