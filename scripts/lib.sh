@@ -45,7 +45,7 @@ compile() {
 # run_tests PRESET: runs the tests of a build and says how many cases its test programs held.
 run_tests() {
     local preset=$1 status=0
-    (cd "$root" && ctest --preset "$preset" -j "$(nproc)") || status=$?
+    (cd "$root" && GTEST_BRIEF=1 ctest --preset "$preset" -j "$(nproc)") || status=$?
     sed -n 's/^\[  PASSED  \] \([0-9]*\) tests\{0,1\}\..*/\1/p' \
         "$root/build/$preset/Testing/Temporary/LastTest.log" |
         awk '{ cases += $1 } END { printf "Test cases that passed in these programs: %d\n", cases }'
