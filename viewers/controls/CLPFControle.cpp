@@ -226,12 +226,10 @@ namespace {
 
 bool PrintOn(QPrinter& printer, const ProfilePage& page)
 {
-    printer.setDocName(QLatin1String(kPrintDocumentName));
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return false;
-    DrawProfilePage(painter, QRectF(0.0, 0.0, printer.width(), printer.height()), page);
-    return painter.end();
+    return PrintOnePage(
+        printer, kPrintDocumentName, [&page](QPainter& painter, const QRectF& printable) {
+            DrawProfilePage(painter, printable, page);
+        });
 }
 
 } // namespace

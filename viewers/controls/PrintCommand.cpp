@@ -3,6 +3,7 @@
 #include "platform/Message.h"
 #include "viewers/controls/PumpMessages.h"
 
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -20,6 +21,17 @@ bool AskForPrinter(QPrinter& printer, QWidget* parent)
     // The screen is whole again before a long print begins.
     PumpMessages();
     return true;
+}
+
+bool PrintOnePage(QPrinter& printer, const char* documentName,
+    const std::function<void(QPainter& painter, const QRectF& page)>& draw)
+{
+    printer.setDocName(QLatin1String(documentName));
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    draw(painter, QRectF(0.0, 0.0, printer.width(), printer.height()));
+    return painter.end();
 }
 
 void ShowPrintPreview(

@@ -2,7 +2,9 @@
 
 #include <functional>
 
+class QPainter;
 class QPrinter;
+class QRectF;
 class QWidget;
 
 namespace vireo {
@@ -13,6 +15,11 @@ inline constexpr const char* kPrintDocumentName = "Printing Tqx Test Document";
 /// Shows the print dialog for one page in one copy; returns whether the user wants to print.
 /// Collation and copies are the driver's.
 bool AskForPrinter(QPrinter& printer, QWidget* parent);
+
+/// Prints one page as a document of its own: `draw` gets the printable rectangle in the printer's
+/// pixels. False when the printer cannot take it.
+bool PrintOnePage(QPrinter& printer, const char* documentName,
+    const std::function<void(QPainter& painter, const QRectF& page)>& draw);
 
 /// Shows the preview window, which prints through `print`.
 void ShowPrintPreview(

@@ -4,6 +4,23 @@
 
 namespace vireo {
 
+std::string_view ColourName(ShownColour shown)
+{
+    switch (shown) {
+    case ShownColour::Red:
+        return "Red";
+    case ShownColour::Green:
+        return "Green";
+    case ShownColour::Blue:
+        return "Blue";
+    case ShownColour::Gray:
+        return "Gray";
+    case ShownColour::All:
+        return "All";
+    }
+    return {};
+}
+
 std::int64_t ProfileCameras::Start(int camera) const
 {
     std::int64_t start = 0;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vireo {
@@ -15,6 +16,9 @@ enum class Plane { Red = 0, Green = 1, Blue = 2 };
 
 /// What is shown of a line: one plane, the one plane of a gray file, or all three over each other.
 enum class ShownColour { Red = 0, Green = 1, Blue = 2, Gray = 4, All = 3 };
+
+/// "Red", "Green", "Blue", "Gray", or "All" for the three over each other.
+std::string_view ColourName(ShownColour shown);
 
 /// Where the cameras A to H lie in a line. Pixels are counted from 0 at the line's start; camera
 /// indexes from 0 for A.

@@ -1,11 +1,8 @@
 #include "viewers/controls/ProfilePlot.h"
 
-#include "viewers/controls/AxisTicks.h"
-#include "viewers/controls/Fonts.h"
-#include "viewers/controls/StraightLine.h"
+#include "viewers/controls/PlotFurniture.h"
 #include "viewers/controls/TraceDrawing.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
@@ -15,20 +12,14 @@ namespace vireo {
 
 namespace {
 
-// Layout, in logical units.
-constexpr double kLeftMargin = 40.0;
-constexpr double kRightMargin = 14.0;
-constexpr double kTitleHeight = 20.0;
-constexpr double kCameraBandHeight = 16.0;
-constexpr double kTickRowHeight = 16.0;
-constexpr double kTickLength = 4.0;
-constexpr int kFontHeight = 12;
-constexpr double kUnitLeft = 2.0;
+using Align = PlotFurniture::Align;
+using PlotColour::kInk;
+using PlotColour::kSoftInk;
 
-const QColor kInk(30, 34, 38);
-const QColor kSoftInk(105, 112, 120);
-const QColor kFrameColour(90, 96, 104);
-const QColor kGridColour(228, 231, 235);
+// Layout, in logical units.
+constexpr double kRightMargin = 14.0;
+constexpr double kCameraBandHeight = 16.0;
+
 const QColor kBandColour(244, 246, 249);
 const QColor kBoundaryColour(170, 120, 40);
 const QColor kAccent(190, 75, 0);
@@ -52,11 +43,6 @@ QColor TintColour(MarkTint tint)
         break;
     }
     return kAccent;
-}
-
-QRectF PlotArea(const ProfileScale& scale)
-{
-    return {scale.left, scale.top, scale.width, scale.height};
 }
 
 bool HasPixels(const ProfilePlotContent& content)
@@ -103,22 +89,21 @@ public:
           m_size(size),
           m_content(content),
           m_scale(ScaleOf(content, size)),
-          m_area(PlotArea(m_scale)),
-          m_font(FontOfHeight(kSansFace, kFontHeight)),
-          m_metrics(m_font)
+          m_furniture(painter, size, m_scale),
+          m_area(m_furniture.Area()),
+          m_metrics(m_furniture.Metrics())
     {
     }
 
     void Draw()
     {
         m_painter.save();
-        m_painter.setFont(m_font);
+        m_painter.setFont(m_furniture.Font());
         DrawBackground();
         if (HasPixels(m_content)) {
             DrawStretches();
-            DrawValueAxis();
-            DrawPixelAxis();
-            DrawMillimetreAxis();
+            m_furniture.DrawValueAxis(m_scale.high);
+            DrawPositionAxes();
             DrawCameras();
             DrawCurves();
             DrawLevels();
@@ -126,7 +111,7 @@ public:
         }
         DrawTitle();
         DrawLegend();
-        DrawFrame();
+        m_furniture.DrawFrame();
         m_painter.restore();
     }
 
@@ -137,14 +122,6 @@ private:
         m_painter.fillRect(
             QRectF(m_scale.left, m_scale.top - kCameraBandHeight, m_scale.width, kCameraBandHeight),
             kBandColour);
-    }
-
-    void DrawFrame()
-    {
-        DrawLine(m_area.left(), m_area.top(), m_area.right(), m_area.top(), kFrameColour);
-        DrawLine(m_area.left(), m_area.bottom(), m_area.right(), m_area.bottom(), kFrameColour);
-        DrawLine(m_area.left(), m_area.top(), m_area.left(), m_area.bottom(), kFrameColour);
-        DrawLine(m_area.right(), m_area.top(), m_area.right(), m_area.bottom(), kFrameColour);
     }
 
     void DrawStretches()
@@ -162,53 +139,11 @@ private:
         }
     }
 
-    void DrawValueAxis()
+    void DrawPositionAxes()
     {
-        constexpr double kRoomPerTick = 34.0;
-        const auto ticks = AxisTicks(m_scale.low, m_scale.high,
-            std::max(static_cast<int>(m_area.height() / kRoomPerTick), 2));
-        for (const AxisTick& tick : ticks) {
-            const double y = m_scale.YAt(tick.value);
-            DrawLine(m_area.left(), y, m_area.right(), y, kGridColour);
-            DrawLine(m_area.left() - kTickLength, y, m_area.left(), y, kFrameColour);
-            DrawText(m_area.left() - kTickLength - 3.0, y + m_metrics.capHeight() / 2.0, tick.text,
-                Align::Right, kInk);
-        }
-    }
-
-    int PixelTickRoom() const
-    {
-        constexpr double kRoomPerTick = 90.0;
-        return std::max(static_cast<int>(m_area.width() / kRoomPerTick), 2);
-    }
-
-    double RowBaseline(int row) const
-    {
-        return m_area.bottom() + kTickLength + (row + 1) * kTickRowHeight - 4.0;
-    }
-
-    void DrawPixelAxis()
-    {
-        const ProfileView& view = m_scale.view;
-        for (const AxisTick& tick : AxisTicks(view.first, view.End(), PixelTickRoom())) {
-            const double x = m_scale.XAt(tick.value);
-            DrawLine(x, m_area.top(), x, m_area.bottom(), kGridColour);
-            DrawLine(x, m_area.bottom(), x, m_area.bottom() + kTickLength, kFrameColour);
-            DrawTickText(x, RowBaseline(0), tick.text, kInk);
-        }
-        DrawText(kUnitLeft, RowBaseline(0), "px", Align::Left, kSoftInk);
-    }
-
-    void DrawMillimetreAxis()
-    {
-        const double pitch = m_content.cameras.pixelPitchMm;
-        if (pitch <= 0.0)
-            return;
-        const ProfileView& view = m_scale.view;
-        for (const AxisTick& tick :
-            AxisTicks(view.first * pitch, view.End() * pitch, PixelTickRoom()))
-            DrawTickText(m_scale.XAt(tick.value / pitch), RowBaseline(1), tick.text, kSoftInk);
-        DrawText(kUnitLeft, RowBaseline(1), "mm", Align::Left, kSoftInk);
+        m_furniture.DrawPositionAxis({"px", 1.0, 0});
+        if (m_content.cameras.pixelPitchMm > 0.0)
+            m_furniture.DrawPositionAxis({"mm", m_content.cameras.pixelPitchMm, 1});
     }
 
     /// The letters of the cameras in the band above the plot, and a line at each boundary.
@@ -223,10 +158,11 @@ private:
             const double to = std::min(m_scale.XAt(end), m_area.right());
             const bool isBoundary = camera + 1 < cameras.Count();
             if (isBoundary && end > m_scale.view.first && end < m_scale.view.End())
-                DrawLine(to, bandTop, to, m_area.bottom(), kBoundaryColour, LineStyle::Dashed);
+                m_furniture.DrawLine(
+                    to, bandTop, to, m_area.bottom(), kBoundaryColour, LineStyle::Dashed);
             constexpr double kRoomForLetter = 10.0;
             if (to - from >= kRoomForLetter)
-                DrawText((from + to) / 2.0, m_area.top() - 4.0,
+                m_furniture.DrawText((from + to) / 2.0, m_area.top() - 4.0,
                     std::string(1, ProfileCameras::Letter(camera)), Align::Centre, kBoundaryColour);
         }
     }
@@ -263,7 +199,7 @@ private:
             const double to = std::min(m_scale.XAt(level.to), m_area.right());
             if (y < m_area.top() || y > m_area.bottom() || from >= to)
                 continue;
-            DrawLine(from, y, to, y, TintColour(level.tint), LineStyle::Dashed);
+            m_furniture.DrawLine(from, y, to, y, TintColour(level.tint), LineStyle::Dashed);
         }
         DrawLevelLabels();
     }
@@ -279,7 +215,7 @@ private:
             const double y = m_scale.YAt(level.value);
             const double baseline = isLower ? y + m_metrics.ascent() + 2.0 : y - 4.0;
             const bool atLeft = m_content.scene.levelLabelsAtLeft;
-            DrawBoxedText(atLeft ? m_area.left() + 6.0 : m_area.right() - 6.0, baseline,
+            m_furniture.DrawBoxedText(atLeft ? m_area.left() + 6.0 : m_area.right() - 6.0, baseline,
                 level.label, atLeft ? Align::Left : Align::Right, TintColour(level.tint));
         }
     }
@@ -290,21 +226,18 @@ private:
             const double x = m_scale.XAt(mark.pixel);
             if (x < m_area.left() || x > m_area.right())
                 continue;
-            DrawLine(x, m_area.top(), x, m_area.bottom(), TintColour(mark.tint), LineStyle::Dashed);
+            m_furniture.DrawLine(
+                x, m_area.top(), x, m_area.bottom(), TintColour(mark.tint), LineStyle::Dashed);
             if (!mark.label.empty())
-                DrawBoxedText(x + 5.0, m_area.top() + m_metrics.ascent() + 4.0, mark.label,
-                    Align::Left, TintColour(mark.tint));
+                m_furniture.DrawBoxedText(x + 5.0, m_area.top() + m_metrics.ascent() + 4.0,
+                    mark.label, Align::Left, TintColour(mark.tint));
         }
     }
 
     void DrawTitle()
     {
-        const QString title = QString::fromStdString(m_content.scene.title);
-        if (!title.isEmpty())
-            DrawText(m_area.left(), kTitleHeight - 6.0,
-                m_metrics.elidedText(title, Qt::ElideRight, m_size.width() - m_area.left())
-                    .toStdString(),
-                Align::Left, kInk);
+        if (!m_content.scene.title.empty())
+            m_furniture.DrawTitle(m_content.scene.title);
     }
 
     /// The names of the traces: in the row of the title, or where that is taken, at the end of the
@@ -315,7 +248,7 @@ private:
         constexpr double kSwatch = 9.0;
         constexpr double kGap = 4.0;
         const bool hasTitle = !m_content.scene.title.empty();
-        const double baseline = hasTitle ? m_area.top() - 4.0 : kTitleHeight - 6.0;
+        const double baseline = hasTitle ? m_area.top() - 4.0 : PlotFurniture::kTitleHeight - 6.0;
         double right = m_area.right() - kGap;
         for (auto entry = legend.rbegin(); entry != legend.rend(); ++entry) {
             const double left = right - m_metrics.horizontalAdvance(entry->name);
@@ -325,64 +258,19 @@ private:
                 m_painter.fillRect(
                     QRectF(next, m_area.top() - kCameraBandHeight, right - next, kCameraBandHeight),
                     kBandColour);
-            DrawText(left, baseline, entry->name.toStdString(), Align::Left, kInk);
+            m_furniture.DrawText(left, baseline, entry->name.toStdString(), Align::Left, kInk);
             m_painter.fillRect(
                 QRectF(swatchLeft, baseline - kSwatch, kSwatch, kSwatch), entry->colour);
             right = next;
         }
     }
 
-    enum class Align { Left, Centre, Right };
-
-    double AlignedLeft(double x, double width, Align align) const
-    {
-        if (align == Align::Left)
-            return x;
-        return align == Align::Right ? x - width : x - width / 2.0;
-    }
-
-    void DrawText(
-        double x, double baseline, const std::string& text, Align align, const QColor& colour)
-    {
-        const QString shown = QString::fromStdString(text);
-        const double width = align == Align::Left ? 0.0 : m_metrics.horizontalAdvance(shown);
-        m_painter.setPen(colour);
-        m_painter.drawText(QPointF(AlignedLeft(x, width, align), baseline), shown);
-    }
-
-    /// A tick's text, centred under it but kept within the drawing.
-    void DrawTickText(double x, double baseline, const std::string& text, const QColor& colour)
-    {
-        const QString shown = QString::fromStdString(text);
-        const double width = m_metrics.horizontalAdvance(shown);
-        const double left = std::min(x - width / 2.0, m_size.width() - width - 1.0);
-        m_painter.setPen(colour);
-        m_painter.drawText(QPointF(left, baseline), shown);
-    }
-
-    void DrawBoxedText(
-        double x, double baseline, const std::string& text, Align align, const QColor& colour)
-    {
-        const double width = m_metrics.horizontalAdvance(QString::fromStdString(text));
-        const double left = AlignedLeft(x, width, align);
-        m_painter.fillRect(
-            QRectF(left - 3.0, baseline - m_metrics.ascent(), width + 6.0, m_metrics.height()),
-            QColor(255, 255, 255, 215));
-        DrawText(left, baseline, text, Align::Left, colour);
-    }
-
-    void DrawLine(double x1, double y1, double x2, double y2, const QColor& colour,
-        LineStyle style = LineStyle::Solid)
-    {
-        DrawStraightLine(m_painter, {x1, y1}, {x2, y2}, colour, style);
-    }
-
     QPainter& m_painter;
     QSizeF m_size;
     const ProfilePlotContent& m_content;
     ProfileScale m_scale;
+    PlotFurniture m_furniture;
     QRectF m_area;
-    QFont m_font;
     QFontMetricsF m_metrics;
 };
 
@@ -412,14 +300,16 @@ ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size)
     scale.low = content.scene.low;
     scale.high = std::max(content.scene.high, scale.low + 1.0);
     const bool hasTitleRow = !content.scene.title.empty() || !LegendOf(content).empty();
-    const double above = (hasTitleRow ? kTitleHeight : 6.0) + kCameraBandHeight;
+    const double above = (hasTitleRow ? PlotFurniture::kTitleHeight : 6.0) + kCameraBandHeight;
     const int tickRows = content.cameras.pixelPitchMm > 0.0 ? 2 : 1;
-    scale.left = kLeftMargin;
+    scale.left = PlotFurniture::kLeftMargin;
     // Whole units keep the frame, the grid and the columns of a raster on device pixels.
     scale.top = std::floor(above);
-    scale.width = std::max(std::floor(size.width() - kLeftMargin - kRightMargin), 1.0);
-    scale.height = std::max(
-        std::floor(size.height() - above - kTickLength - tickRows * kTickRowHeight - 2.0), 1.0);
+    scale.width =
+        std::max(std::floor(size.width() - PlotFurniture::kLeftMargin - kRightMargin), 1.0);
+    scale.height = std::max(std::floor(size.height() - above - PlotFurniture::kTickLength
+                                - tickRows * PlotFurniture::kRowHeight - 2.0),
+        1.0);
     return scale;
 }
 

@@ -51,6 +51,11 @@ NoiseView NoiseView::ZoomedOut(std::int64_t length) const
     return NoiseView{centre, zoom / 2}.Clamped(length);
 }
 
+NoiseView NoiseView::MovedBy(std::int64_t pixels, std::int64_t length) const
+{
+    return NoiseView{centre + pixels, zoom}.Clamped(length);
+}
+
 NoiseView NoiseView::ZoomedAt(double pixel, bool in, std::int64_t length) const
 {
     if (in && !CanZoomIn(length))

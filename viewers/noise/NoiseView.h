@@ -28,6 +28,7 @@ struct NoiseView {
     NoiseView ZoomedIn(double x, double width, std::int64_t length) const;
     /// Right click: half the zoom, down to the whole line.
     NoiseView ZoomedOut(std::int64_t length) const;
+    NoiseView MovedBy(std::int64_t pixels, std::int64_t length) const;
     /// Twice or half the zoom with a pixel staying where it is on the screen.
     NoiseView ZoomedAt(double pixel, bool in, std::int64_t length) const;
 

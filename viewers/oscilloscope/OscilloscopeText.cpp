@@ -11,23 +11,6 @@
 
 namespace vireo {
 
-std::string_view ColourName(ShownColour shown)
-{
-    switch (shown) {
-    case ShownColour::Red:
-        return "Red";
-    case ShownColour::Green:
-        return "Green";
-    case ShownColour::Blue:
-        return "Blue";
-    case ShownColour::Gray:
-        return "Gray";
-    case ShownColour::All:
-        return "All";
-    }
-    return {};
-}
-
 namespace {
 
 std::string HeaderLine(std::string_view label, std::string_view value)

@@ -14,9 +14,6 @@ class OscilloscopeData;
 
 /// The texts of the oscilloscope viewer that are worked out from its data. All are Windows-1252.
 
-/// "Red", "Green", "Blue", "Gray", or "All" for the three over each other.
-std::string_view ColourName(ShownColour shown);
-
 /// The lines printed above the plot: scanner, date and colour, each value behind its label that is
 /// padded to 15 characters.
 std::vector<std::string> PrintedHeaderLines(const OscilloscopeData& data, ShownColour shown);

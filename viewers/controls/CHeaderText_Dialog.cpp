@@ -1,4 +1,4 @@
-#include "viewers/oscilloscope/CHeaderText_Dialog.h"
+#include "viewers/controls/CHeaderText_Dialog.h"
 
 #include "viewers/controls/Fonts.h"
 #include "viewers/controls/QtText.h"

@@ -1,0 +1,130 @@
+#include "viewers/controls/PlotFurniture.h"
+
+#include "viewers/controls/Fonts.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vireo {
+
+namespace {
+
+constexpr int kFontHeight = 12;
+constexpr double kUnitLeft = 2.0;
+
+/// How many ticks an axis has room for.
+int RoomForTicks(double length, double perTick)
+{
+    return std::max(static_cast<int>(length / perTick), 2);
+}
+
+} // namespace
+
+PlotFurniture::PlotFurniture(QPainter& painter, QSizeF size, const ProfileScale& scale)
+    : m_painter(painter),
+      m_size(size),
+      m_scale(scale),
+      m_area(scale.left, scale.top, scale.width, scale.height),
+      m_font(FontOfHeight(kSansFace, kFontHeight)),
+      m_metrics(m_font)
+{
+}
+
+double PlotFurniture::WidthOf(const std::string& text) const
+{
+    return m_metrics.horizontalAdvance(QString::fromStdString(text));
+}
+
+void PlotFurniture::DrawFrame() const
+{
+    const QRectF& area = m_area;
+    DrawLine(area.left(), area.top(), area.right(), area.top(), PlotColour::kFrame);
+    DrawLine(area.left(), area.bottom(), area.right(), area.bottom(), PlotColour::kFrame);
+    DrawLine(area.left(), area.top(), area.left(), area.bottom(), PlotColour::kFrame);
+    DrawLine(area.right(), area.top(), area.right(), area.bottom(), PlotColour::kFrame);
+}
+
+void PlotFurniture::DrawValueAxis(double highest) const
+{
+    constexpr double kRoomPerTick = 34.0;
+    for (const AxisTick& tick :
+        AxisTicks(m_scale.low, highest, RoomForTicks(m_area.height(), kRoomPerTick))) {
+        const double y = m_scale.YAt(tick.value);
+        DrawLine(m_area.left(), y, m_area.right(), y, PlotColour::kGrid);
+        DrawLine(m_area.left() - kTickLength, y, m_area.left(), y, PlotColour::kFrame);
+        DrawText(m_area.left() - kTickLength - 3.0, y + m_metrics.capHeight() / 2.0, tick.text,
+            Align::Right, PlotColour::kInk);
+    }
+}
+
+void PlotFurniture::DrawPositionAxis(const PositionAxis& axis) const
+{
+    constexpr double kRoomPerTick = 90.0;
+    const bool isFirst = axis.row == 0;
+    const QColor colour = isFirst ? PlotColour::kInk : PlotColour::kSoftInk;
+    const double baseline = m_area.bottom() + kTickLength + (axis.row + 1) * kRowHeight - 4.0;
+    const ProfileView& view = m_scale.view;
+    for (const AxisTick& tick : AxisTicks(view.first * axis.perPixel, view.End() * axis.perPixel,
+             RoomForTicks(m_area.width(), kRoomPerTick))) {
+        const double x = m_scale.XAt(tick.value / axis.perPixel);
+        if (isFirst) {
+            DrawLine(x, m_area.top(), x, m_area.bottom(), PlotColour::kGrid);
+            DrawLine(x, m_area.bottom(), x, m_area.bottom() + kTickLength, PlotColour::kFrame);
+        }
+        DrawTickText(x, baseline, tick, colour);
+    }
+    DrawText(kUnitLeft, baseline, axis.unit, Align::Left, PlotColour::kSoftInk);
+}
+
+void PlotFurniture::DrawTitle(const std::string& title) const
+{
+    const QString fitting = m_metrics.elidedText(
+        QString::fromStdString(title), Qt::ElideRight, m_size.width() - m_area.left());
+    DrawText(
+        m_area.left(), kTitleHeight - 6.0, fitting.toStdString(), Align::Left, PlotColour::kInk);
+}
+
+double PlotFurniture::AlignedLeft(double x, double width, Align align) const
+{
+    if (align == Align::Left)
+        return x;
+    return align == Align::Right ? x - width : x - width / 2.0;
+}
+
+void PlotFurniture::DrawText(
+    double x, double baseline, const std::string& text, Align align, const QColor& colour) const
+{
+    const QString shown = QString::fromStdString(text);
+    const double width = align == Align::Left ? 0.0 : m_metrics.horizontalAdvance(shown);
+    m_painter.setPen(colour);
+    m_painter.drawText(QPointF(AlignedLeft(x, width, align), baseline), shown);
+}
+
+/// Centred under its tick but kept within the drawing.
+void PlotFurniture::DrawTickText(
+    double x, double baseline, const AxisTick& tick, const QColor& colour) const
+{
+    const double width = WidthOf(tick.text);
+    const double left = std::min(x - width / 2.0, m_size.width() - width - 1.0);
+    DrawText(left, baseline, tick.text, Align::Left, colour);
+}
+
+void PlotFurniture::DrawBoxedText(
+    double x, double baseline, const std::string& text, Align align, const QColor& colour) const
+{
+    const double width = WidthOf(text);
+    const double left = AlignedLeft(x, width, align);
+    m_painter.fillRect(
+        QRectF(left - 3.0, baseline - m_metrics.ascent(), width + 6.0, m_metrics.height()),
+        QColor(255, 255, 255, 215));
+    DrawText(left, baseline, text, Align::Left, colour);
+}
+
+void PlotFurniture::DrawLine(
+    double x1, double y1, double x2, double y2, const QColor& colour, LineStyle style) const
+{
+    DrawStraightLine(m_painter, {x1, y1}, {x2, y2}, colour, style);
+}
+
+} // namespace vireo

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "viewers/controls/AxisTicks.h"
+#include "viewers/controls/ProfileView.h"
+#include "viewers/controls/StraightLine.h"
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QRectF>
+#include <QSizeF>
+
+#include <string>
+
+class QPainter;
+
+namespace vireo {
+
+/// Colours that all plots share.
+namespace PlotColour {
+inline constexpr QColor kInk(30, 34, 38);
+inline constexpr QColor kSoftInk(105, 112, 120);
+inline constexpr QColor kFrame(90, 96, 104);
+inline constexpr QColor kGrid(228, 231, 235);
+} // namespace PlotColour
+
+/// One row of positions below a plot.
+struct PositionAxis {
+    std::string unit;      ///< Stands left of the row; ASCII.
+    double perPixel = 1.0; ///< Width of a pixel in the unit; above 0.
+    int row = 0;           ///< 0 is the row next to the plot; it also draws the grid.
+};
+
+/// The frame, axes and texts of a plot of one line, in the font of all plots. Texts are ASCII;
+/// their places are those of the baseline. Distances are logical units.
+class PlotFurniture {
+public:
+    enum class Align { Left, Centre, Right };
+
+    static constexpr double kLeftMargin = 40.0; ///< Room of the value axis.
+    static constexpr double kTitleHeight = 20.0;
+    static constexpr double kTickLength = 4.0;
+    static constexpr double kRowHeight = 16.0; ///< Of a row of positions.
+
+    /// For a plot of a size drawn from the painter's origin. Both must outlive this.
+    PlotFurniture(QPainter& painter, QSizeF size, const ProfileScale& scale);
+
+    const QFont& Font() const { return m_font; }
+    const QFontMetricsF& Metrics() const { return m_metrics; }
+    const QRectF& Area() const { return m_area; }
+    double WidthOf(const std::string& text) const;
+
+    void DrawFrame() const;
+    /// Values from the scale's lowest up to `highest`, with a grid.
+    void DrawValueAxis(double highest) const;
+    void DrawPositionAxis(const PositionAxis& axis) const;
+    /// A text above the plot, cut where it does not fit.
+    void DrawTitle(const std::string& title) const;
+
+    void DrawText(double x, double baseline, const std::string& text, Align align,
+        const QColor& colour) const;
+    /// A text on a ground that lets a little of the curve shine through.
+    void DrawBoxedText(double x, double baseline, const std::string& text, Align align,
+        const QColor& colour) const;
+    /// A line as thin as the device draws it well.
+    void DrawLine(double x1, double y1, double x2, double y2, const QColor& colour,
+        LineStyle style = LineStyle::Solid) const;
+
+private:
+    void DrawTickText(double x, double baseline, const AxisTick& tick, const QColor& colour) const;
+    double AlignedLeft(double x, double width, Align align) const;
+
+    QPainter& m_painter;
+    QSizeF m_size;
+    const ProfileScale& m_scale;
+    QRectF m_area;
+    QFont m_font;
+    QFontMetricsF m_metrics;
+};
+
+} // namespace vireo
