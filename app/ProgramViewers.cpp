@@ -1,9 +1,15 @@
 #include "app/ViewerTable.h"
+#include "viewers/noise/CNCTest_Dialog.h"
+#include "viewers/noise/CNoiseTest_SM_Dialog.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 
 #include <system_error>
 
 namespace vireo {
+
+namespace {
+constexpr std::string_view kNoiseCheck = "CNCTest_Dialog";
+}
 
 ViewerTable ProgramViewers()
 {
@@ -14,6 +20,17 @@ ViewerTable ProgramViewers()
             const bool isFolder = std::filesystem::is_directory(file, ignored);
             COscilloscope_Dialog(file, isFolder, host, parent).exec();
         });
+    viewers.Add("CNoiseTest_SM_Dialog",
+        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CNoiseTest_SM_Dialog(file, parent).exec();
+        });
+    viewers.Add(kNoiseCheck, [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+        // Without a file the launcher asks for the live test, which is not there yet.
+        if (file.empty())
+            ViewerTable::ShowNoViewer(kNoiseCheck, file);
+        else
+            CNCTest_Dialog(file, parent).exec();
+    });
     return viewers;
 }
 

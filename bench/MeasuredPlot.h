@@ -33,5 +33,6 @@ struct LoadedPlot {
     std::string failure;
 };
 LoadedPlot LoadOscilloscopePlot(const std::string& file);
+LoadedPlot LoadNoisePlot(const std::string& file);
 
 } // namespace vireo

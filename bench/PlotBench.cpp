@@ -34,6 +34,7 @@ struct PlotRow {
 constexpr PlotRow kPlots[] = {
     {FileKind::Oscilloscope, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Mtf, {1600, 500}, LoadOscilloscopePlot},
+    {FileKind::Noise, {1600, 500}, LoadNoisePlot},
 };
 
 /// Draws into a new picture each time, as a control does whose kept picture was dropped.

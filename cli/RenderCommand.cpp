@@ -3,6 +3,7 @@
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "cli/Output.h"
+#include "cli/render/NoisePicture.h"
 #include "cli/render/OscilloscopePicture.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
@@ -107,6 +108,7 @@ void AddOptions(CLI::App& command, Settings& settings)
 constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, RenderOscilloscope},
     {FileKind::Mtf, RenderOscilloscope},
+    {FileKind::Noise, RenderNoise},
 };
 
 int Run(const Settings& settings)

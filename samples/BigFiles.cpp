@@ -1,5 +1,6 @@
 #include "samples/BigFiles.h"
 
+#include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 
 #include <algorithm>
@@ -74,15 +75,36 @@ bool WriteLines(std::ofstream& stream, const std::vector<Line>& base, std::uint6
     return stream.good();
 }
 
+/// One noise line, made in memory: its pixels are a third (or all) of the bytes.
+bool WriteBigNoise(bool isGray, std::uint64_t bytes, const std::filesystem::path& path)
+{
+    NoiseSetup setup;
+    setup.planeCount = isGray ? 1 : 3;
+    const std::uint64_t pixels = bytes / static_cast<std::uint64_t>(setup.planeCount);
+    constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 28;
+    if (pixels == 0 || pixels > kMostPixels)
+        return false;
+    setup.lineLength = static_cast<std::int32_t>(pixels);
+    setup.dustGrains = 200;
+    setup.hotPixels = 40;
+    const std::string file = NoiseFile(setup);
+    std::ofstream stream(path, std::ios::binary);
+    stream.write(file.data(), static_cast<std::streamsize>(file.size()));
+    return stream.flush().good();
+}
+
 } // namespace
 
 std::string_view BigFileKinds()
 {
-    return "oscilloscope oscilloscope-gray oscilloscope-line oscilloscope-gray-line";
+    return "oscilloscope oscilloscope-gray oscilloscope-line oscilloscope-gray-line noise "
+           "noise-gray";
 }
 
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path)
 {
+    if (kind == "noise" || kind == "noise-gray")
+        return WriteBigNoise(kind == "noise-gray", bytes, path);
     const auto row = std::find_if(std::begin(kKinds), std::end(kKinds),
         [kind](const BigKind& known) { return known.name == kind; });
     if (row == std::end(kKinds))

@@ -12,8 +12,9 @@ std::string_view BigFileKinds();
 /// Writes a file for measuring, with about `bytes` bytes of data (rounded down to whole lines, at
 /// least one). The kinds: "oscilloscope", colour lines of four cameras and 21,600 pixels;
 /// "oscilloscope-gray", the same in gray; "oscilloscope-line", one single colour line of four
-/// cameras; "oscilloscope-gray-line", the same in gray. Streams, so it needs little memory for any
-/// number of lines. Returns false for an unknown kind and when writing fails.
+/// cameras; "oscilloscope-gray-line", the same in gray; "noise", one colour noise line, and
+/// "noise-gray", the same in gray. Oscilloscope lines are streamed: any number needs little memory.
+/// Returns false for an unknown kind and when writing fails.
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path);
 
 } // namespace vireo

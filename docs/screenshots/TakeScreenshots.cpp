@@ -44,6 +44,8 @@ const Shot kShots[] = {
     {"oscilloscope-adjustment", "COscilloscope_Dialog", "oscilloscope-generation-9.con",
         {1200, 760}, {}},
     {"oscilloscope-mtf", "COscilloscope_Dialog", "mtf.con", {1200, 760}, {}},
+    {"noise", "CNoiseTest_SM_Dialog", "noise-color.con", {1100, 520}, {}},
+    {"noise-check", "CNCTest_Dialog", "noise-color.con", {860, 360}, {}},
 };
 
 /// The top window that is open now: a modal dialog.

@@ -1,13 +1,10 @@
 #include "viewers/noise/CNoiseTestControl.h"
 
-#include "platform/Message.h"
-#include "viewers/controls/PumpMessages.h"
+#include "viewers/controls/PrintCommand.h"
 #include "viewers/noise/NoiseData.h"
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -220,10 +217,27 @@ QSize CNoiseTestControl::sizeHint() const
     return {800, 360};
 }
 
-void CNoiseTestControl::PrintPage(
-    QPainter& painter, const QRectF& page, const std::vector<std::string>& header) const
+bool CNoiseTestControl::PrintOn(
+    QPrinter& printer, const std::vector<std::string>& header, const char* documentName) const
 {
-    DrawNoisePage(painter, page, header, size(), m_content);
+    return PrintOnePage(printer, documentName, [&](QPainter& painter, const QRectF& page) {
+        DrawNoisePage(painter, page, header, size(), m_content);
+    });
+}
+
+void CNoiseTestControl::Print(const std::vector<std::string>& header, const char* documentName)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    if (AskForPrinter(printer, this) && !PrintOn(printer, header, documentName))
+        ShowPrintFailure();
+}
+
+void CNoiseTestControl::PrintPreview(
+    const std::vector<std::string>& header, const char* documentName)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    ShowPrintPreview(
+        printer, this, [&](QPrinter& target) { PrintOn(target, header, documentName); });
 }
 
 } // namespace vireo

@@ -50,12 +50,9 @@ public:
     std::optional<std::int64_t> PixelAt(QPoint point) const;
 
     /// The print command: the plot under these header lines (Windows-1252), after the print dialog.
-    void Print(const std::vector<std::string>& header, const char* jobName);
+    void Print(const std::vector<std::string>& header, const char* documentName);
     /// The same in the preview window.
-    void PrintPreview(const std::vector<std::string>& header);
-    /// Draws the page that both print.
-    void PrintPage(
-        QPainter& painter, const QRectF& page, const std::vector<std::string>& header) const;
+    void PrintPreview(const std::vector<std::string>& header, const char* documentName);
 
     /// Drops the kept picture and paints anew: the data have another plane to show.
     void Redraw();
@@ -83,6 +80,8 @@ private:
     void OnScrolled(int position);
     void Turn(QPoint point, int steps);
     void MoveCursor(std::optional<QPoint> point);
+    bool PrintOn(
+        QPrinter& printer, const std::vector<std::string>& header, const char* documentName) const;
 
     NoisePlotContent m_content;
     NoiseView m_view;

@@ -24,6 +24,17 @@ std::string LimitText(int percent)
     return Format("Limit: %d %%", percent);
 }
 
+std::string CheckLimitText(int percent)
+{
+    return Format(" Limit = %d %%", percent);
+}
+
+std::string CheckAverageText(const NoiseData& data)
+{
+    constexpr int kFullScale = 255;
+    return Format("Avg = %d%%", (data.ShownAverage() * 100 + kFullScale / 2) / kFullScale);
+}
+
 std::string CursorPositionText(double position)
 {
     return Format("Cursor\nPosition:  %.2f", position);
@@ -43,14 +54,21 @@ std::string NoiseDateToday()
         kMonths[static_cast<std::size_t>(now.m_iMonth - 1)], now.m_iDay, now.m_iYear);
 }
 
-std::vector<std::string> PrintedHeaderLines(const NoiseData& data, int limitPercent)
+std::vector<std::string> PrintedHeaderLines(
+    const NoiseData& data, int limitPercent, const std::string& date)
 {
     std::vector<std::string> lines{"Noise Test", "Scanner Name:   " + data.m_ScannerName};
     if (!data.m_ScannerID.empty())
         lines.push_back("Scanner Number:  " + data.m_ScannerID);
-    lines.push_back("Date:           " + (data.m_Date.empty() ? NoiseDateToday() : data.m_Date));
+    lines.push_back("Date:           " + date);
     lines.push_back(Format("Limit:          %d %%", limitPercent));
     return lines;
+}
+
+std::vector<std::string> TestHeaderLines(const NoiseData& data)
+{
+    return PrintedHeaderLines(data, LimitPercent(data, NoiseData::kDefaultLimitPercent),
+        data.m_Date.empty() ? NoiseDateToday() : data.m_Date);
 }
 
 } // namespace vireo

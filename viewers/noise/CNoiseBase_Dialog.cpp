@@ -1,0 +1,191 @@
+#include "viewers/noise/CNoiseBase_Dialog.h"
+
+#include "platform/Message.h"
+#include "resources/ControlIds.h"
+#include "viewers/controls/CHeaderText_Dialog.h"
+#include "viewers/controls/QtText.h"
+#include "viewers/noise/CNoiseTestControl.h"
+#include "viewers/noise/NoiseExport.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+
+namespace vireo {
+
+namespace {
+
+constexpr ShownColour kPlanes[] = {
+    ShownColour::Red, ShownColour::Green, ShownColour::Blue, ShownColour::Gray};
+
+QString NoiseFilter()
+{
+    return QStringLiteral("Noise file (*.CON *.con);;*_STI.CON) (*_sti.con *_STI.CON);;"
+                          "All Files (*)");
+}
+
+void TellFailure(const std::filesystem::path& path, std::string_view reason)
+{
+    ShowMessage(TextFromQString(QStringFromPath(path)).append("\n").append(reason));
+}
+
+void TellFailure(const std::filesystem::path& path, FileStatus status)
+{
+    if (status != FileStatus::Ok)
+        TellFailure(path, Describe(status));
+}
+
+} // namespace
+
+CNoiseBase_Dialog::CNoiseBase_Dialog(QWidget* parent) : CViewerDialog(parent) { }
+
+void CNoiseBase_Dialog::SetUpWidgets(const Widgets& widgets)
+{
+    m_widgets = widgets;
+    m_widgets.plot->SetScrollBar(m_widgets.scrollBar);
+    m_widgets.plot->setFocus();
+    connect(m_widgets.plot, &CNoiseTestControl::CursorMoved, this,
+        [this](std::optional<std::int64_t> pixel) { ShowCursor(pixel); });
+    for (const ShownColour shown : kPlanes)
+        if (QAbstractButton* const button = PlaneButton(shown))
+            connect(button, &QAbstractButton::clicked, this, [this, shown] { OnPlane(shown); });
+}
+
+QAbstractButton* CNoiseBase_Dialog::PlaneButton(ShownColour shown) const
+{
+    switch (shown) {
+    case ShownColour::Red:
+        return m_widgets.red;
+    case ShownColour::Blue:
+        return m_widgets.blue;
+    case ShownColour::Gray:
+        return m_widgets.gray;
+    case ShownColour::Green:
+    case ShownColour::All:
+        break;
+    }
+    return m_widgets.green;
+}
+
+void CNoiseBase_Dialog::OnInitDialog()
+{
+    CViewerDialog::OnInitDialog();
+    SetUpMenus();
+}
+
+void CNoiseBase_Dialog::SetUpMenus()
+{
+    using Dialog = CNoiseBase_Dialog;
+    const auto make = [this](
+                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
+        auto* const action = new QAction(text, this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, receiver, run);
+        return action;
+    };
+    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(make(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
+    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(make(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
+    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
+        header->setText(tr("Show &Header"));
+        AddToFileMenu(header);
+    }
+    CNoiseTestControl* const plot = m_widgets.plot;
+    ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), plot, &CNoiseTestControl::ZoomIn));
+    ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), plot, &CNoiseTestControl::ZoomOut));
+    ViewMenu().addAction(make(tr("&Whole Line"), tr("Ctrl+0"), plot, &CNoiseTestControl::ZoomAll));
+}
+
+void CNoiseBase_Dialog::OnAcceleratorCommand(int command)
+{
+    if (command == CommandId::kShowHeader)
+        CHeaderText_Dialog(m_data.HeaderText(), this).exec();
+}
+
+void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)
+{
+    const NoiseResult result = m_data.Read(path);
+    m_bLoaded = result == NoiseResult::Ok;
+    m_data.Summarise();
+    m_widgets.plot->SetData(&m_data);
+    FitPlanes();
+    m_widgets.fileText->setText(QStringFromPath(path.filename()));
+    m_widgets.fileText->setToolTip(QStringFromPath(path));
+    ShowFigures();
+    if (!m_bLoaded)
+        TellFailure(path, m_data.DescribeFailure(result));
+}
+
+void CNoiseBase_Dialog::FitPlanes()
+{
+    for (const ShownColour shown : kPlanes) {
+        QAbstractButton* const button = PlaneButton(shown);
+        if (!button)
+            continue;
+        // The one plane of a gray file is offered as gray where there is such a button.
+        const bool isOther = !m_data.m_bHasColour && m_widgets.gray && shown != ShownColour::Gray;
+        button->setEnabled(m_data.PlaneOf(shown) && !isOther);
+        button->setChecked(shown == m_data.m_shown);
+    }
+    if (!m_data.m_bHasColour && !m_widgets.gray)
+        m_widgets.green->setChecked(true);
+}
+
+void CNoiseBase_Dialog::OnPlane(ShownColour shown)
+{
+    m_data.m_shown = m_data.m_bHasColour ? shown : ShownColour::Gray;
+    m_widgets.plot->Redraw();
+    ShowFigures();
+}
+
+void CNoiseBase_Dialog::OnLoad()
+{
+    const QString name = QFileDialog::getOpenFileName(
+        this, tr("Load"), QStringFromPath(m_data.Path().parent_path()), NoiseFilter());
+    if (!name.isEmpty())
+        ReadFile(PathFromQString(name));
+}
+
+std::filesystem::path CNoiseBase_Dialog::AskForTarget(
+    const QString& title, const std::filesystem::path& proposed, const QString& filter)
+{
+    const QString name =
+        QFileDialog::getSaveFileName(this, title, QStringFromPath(proposed), filter);
+    std::filesystem::path target = PathFromQString(name);
+    if (!target.empty() && !target.has_extension())
+        target += proposed.extension();
+    return target;
+}
+
+void CNoiseBase_Dialog::OnSave()
+{
+    const std::filesystem::path target =
+        AskForTarget(tr("Save"), m_data.Path().parent_path() / "Noise.con", NoiseFilter());
+    if (!target.empty())
+        TellFailure(target, m_data.Save(target));
+}
+
+void CNoiseBase_Dialog::OnExportLine()
+{
+    std::filesystem::path proposed = m_data.Path();
+    proposed.replace_extension(".csv");
+    const std::filesystem::path target =
+        AskForTarget(tr("Export Line"), proposed, tr("Table (*.csv)"));
+    if (!target.empty())
+        TellFailure(target, ExportNoiseAsCsv(target, m_data));
+}
+
+void CNoiseBase_Dialog::OnPrint()
+{
+    m_widgets.plot->Print(HeaderLines(), DocumentName());
+}
+
+void CNoiseBase_Dialog::OnPrintPreview()
+{
+    m_widgets.plot->PrintPreview(HeaderLines(), DocumentName());
+}
+
+} // namespace vireo

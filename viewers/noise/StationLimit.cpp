@@ -1,0 +1,43 @@
+#include "viewers/noise/StationLimit.h"
+
+#include "platform/KnownFolders.h"
+#include "platform/PositionalFile.h"
+#include "testfile/TestFileHeader.h"
+
+#include <string>
+
+namespace vireo {
+
+namespace {
+
+constexpr const char* kStationFile = "Fct_Tst6.ini";
+constexpr std::size_t kMostBytes = 1024 * 1024;
+
+bool ReadStationFile(std::string& content)
+{
+    if (ReadWholeFile(ProgramFolder() / kStationFile, kMostBytes, content) == FileStatus::Ok)
+        return true;
+#ifdef _WIN32
+    for (char drive = 'C'; drive <= 'I'; ++drive) {
+        const std::string folder = std::string(1, drive) + ":\\Fct_Test\\";
+        if (ReadWholeFile(folder + kStationFile, kMostBytes, content) == FileStatus::Ok)
+            return true;
+    }
+#endif
+    return false;
+}
+
+} // namespace
+
+std::optional<int> StationNoiseLimit()
+{
+    std::string content;
+    if (!ReadStationFile(content))
+        return std::nullopt;
+    TestFileHeader settings; // Keys and values stand there as in a test file's header.
+    settings.SetText(content);
+    const HeaderValue<int> limit = settings.NoiseLimit();
+    return limit.found ? std::optional(limit.value) : std::nullopt;
+}
+
+} // namespace vireo
