@@ -82,6 +82,30 @@ std::int32_t MarkOfRun(Samples samples, std::size_t begin, std::size_t end)
     return static_cast<std::int32_t>(std::find(run.begin(), run.end(), extreme) - samples.begin());
 }
 
+/// A run from its first sample on: the index behind its last, and its mark.
+struct Run {
+    std::size_t end = 0;
+    std::int32_t mark = 0;
+};
+
+template <NoiseMarkKind kKind>
+Run RunFrom(Samples samples, std::size_t begin, const OutsideTest<kKind>& outside)
+{
+    // Short runs, of which there may be millions, are walked once; long ones go by blocks.
+    constexpr std::size_t kShortRun = 32;
+    const std::size_t walked = std::min(samples.size(), begin + kShortRun);
+    std::size_t mark = begin;
+    std::size_t end = begin + 1;
+    for (; end < walked && outside(samples[end]); ++end)
+        if (kKind == NoiseMarkKind::Dip ? samples[end] < samples[mark]
+                                        : samples[end] > samples[mark])
+            mark = end;
+    if (end < walked || end == samples.size())
+        return {end, static_cast<std::int32_t>(mark)};
+    end = FindFirst<false>(samples, end, outside);
+    return {end, MarkOfRun<kKind>(samples, begin, end)};
+}
+
 template <NoiseMarkKind kKind>
 std::vector<std::int32_t> FindMarks(Samples samples, const NoiseBand& band)
 {
@@ -89,9 +113,9 @@ std::vector<std::int32_t> FindMarks(Samples samples, const NoiseBand& band)
     std::vector<std::int32_t> marks;
     std::size_t begin = FindFirst<true>(samples, 0, outside);
     while (begin < samples.size()) {
-        const std::size_t end = FindFirst<false>(samples, begin, outside);
-        marks.push_back(MarkOfRun<kKind>(samples, begin, end));
-        begin = FindFirst<true>(samples, end, outside);
+        const Run run = RunFrom<kKind>(samples, begin, outside);
+        marks.push_back(run.mark);
+        begin = FindFirst<true>(samples, run.end, outside);
     }
     return marks;
 }
