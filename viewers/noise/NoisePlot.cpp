@@ -5,6 +5,7 @@
 #include "viewers/controls/PlotFurniture.h"
 #include "viewers/controls/PrintPageLayout.h"
 #include "viewers/controls/ProfilePlot.h"
+#include "viewers/controls/StraightLine.h"
 #include "viewers/controls/TraceDrawing.h"
 #include "viewers/noise/NoiseData.h"
 #include "viewers/noise/NoiseMarkLayout.h"

@@ -94,8 +94,8 @@ TEST_F(NoisePlotTest, DrawsThePlaneShownAtEveryRatio)
     Read(DippedFile());
     const ProfileScale scale = NoiseScaleOf(content, {900, 400});
     for (const double ratio : {1.0, 2.0}) {
-        // Half the way down the dip, which only green has.
-        const QPointF point(scale.XAt(5000.5) * ratio, scale.YAt(150) * ratio);
+        // On the way down the dip, which only green has, and between the lines of the grid.
+        const QPointF point(scale.XAt(5000.5) * ratio, scale.YAt(143) * ratio);
         data.m_shown = ShownColour::Green;
         const QImage green = Draw({900, 400}, ratio);
         EXPECT_EQ(ColourAt(green, point.x(), point.y()), TraceColour(ShownColour::Green));
