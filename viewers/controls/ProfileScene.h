@@ -57,7 +57,7 @@ struct ProfileScene {
     std::vector<ProfileMark> marks;
     std::vector<ProfileLevel> levels;
     bool levelLabelsAtLeft = false; ///< Else at the right.
-    std::string title; ///< The result in words; ASCII.
+    std::string title;              ///< The result in words; ASCII.
 };
 
 /// Works out the scene of a request. A request that the line has no answer for gives the nearest
