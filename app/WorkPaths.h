@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/PositionalFile.h"
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vireo {
+
+// The folders and settings files that the viewer shares with the test program. Text in these files
+// is 8-bit Windows-1252, and folders in them end with '\' on every system.
+
+/// Where settings files are looked for: the program's own folder, then the test program's folders.
+struct SettingsFolders {
+    std::filesystem::path program;
+    std::vector<std::filesystem::path> tests;
+};
+
+/// The folders of this system. Windows: the executable's, then "\Fct_Test" on the drives C to I.
+/// Elsewhere "Fct_Test" in the user's folder of settings, in /usr/local/share and in /opt stands in
+/// for the drives.
+SettingsFolders SystemSettingsFolders();
+
+/// The folder of the first settings file of this name that can be opened; nothing when there is
+/// none.
+std::optional<std::filesystem::path> LocateSettingsFile(
+    const SettingsFolders& folders, std::string_view name);
+
+/// The content of "Kestrel6_Path.txt" in the program's folder as it stands, or empty.
+std::string ReadWorkPath(const SettingsFolders& folders);
+
+/// What "Kestrel6_FixPath.txt" says of where results are saved.
+struct FixedPathSettings {
+    static constexpr int kFirstGeneration = 3; ///< Generations with a folder of their own.
+    static constexpr int kLastGeneration = 20;
+
+    bool useFixedPath = false;
+    std::string generalPath = "c:\\temp\\"; ///< At most 260 characters.
+    std::string lastChassisNo = "CHxxxxxx";
+    std::array<std::string, 100> generationPaths; ///< By generation number.
+    /// The folder for the generation asked for: its own entry for 1 to 89 (empty for those without
+    /// one, as it has always been), else the general path.
+    std::string fixedPath = generalPath;
+};
+
+/// Reads the settings from the text of the file.
+FixedPathSettings ParseFixedPathSettings(std::string_view text, int generation);
+
+/// The settings as the file holds them: 21 lines, in the order of the test program.
+std::string FormatFixedPathSettings(const FixedPathSettings& settings);
+
+/// Finds and reads "Kestrel6_FixPath.txt" and, for a generation from 1 to 89, rewrites it in its
+/// canonical form, completely or not at all; a file that cannot be rewritten stays as it is.
+/// Without a file, or with one above 1 MiB, the defaults hold and nothing is written.
+FixedPathSettings LoadFixedPathSettings(const SettingsFolders& folders, int generation);
+
+} // namespace vireo
