@@ -73,9 +73,24 @@ std::string RawCommandLine(const std::vector<std::string>& arguments)
     return line;
 }
 
+namespace {
+
+/// Where the first `count` characters of UTF-8 text end. Bytes that continue a character are not
+/// counted, so none is cut apart.
+std::size_t EndOfCharacters(std::string_view text, std::size_t count)
+{
+    const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
+    std::size_t end = 0;
+    while (end < text.size() && (!begins(text[end]) || count-- > 0))
+        ++end;
+    return end;
+}
+
+} // namespace
+
 std::string CopyFileToLoad(std::string_view text)
 {
-    text = text.substr(0, kFileToLoadCharacters);
+    text = text.substr(0, EndOfCharacters(text, kFileToLoadCharacters));
     text = text.substr(0, text.find('\0'));
     std::string name(text);
     std::erase(name, '"');

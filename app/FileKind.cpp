@@ -25,7 +25,7 @@ constexpr std::string_view kPictureViewer = "CPictureView_Dialog";
 
 constexpr DispatchRow kDispatchTable[] = {
     {tag::kLightProfile, FileKind::LightProfile, kLightProfileViewer},
-    // Never reached: the row above finds its tag in this one too.
+    // A tag of its own: the bracket in front of "G3" keeps the row above from finding it.
     {tag::kG3LightProfile, FileKind::LightProfile, kLightProfileViewer},
     {tag::kOscilloscope, FileKind::Oscilloscope, kOscilloscopeViewer},
     {tag::kMtf, FileKind::Mtf, kOscilloscopeViewer},
@@ -212,6 +212,8 @@ FileStatus RecogniseFile(
         return status;
     std::array<std::uint8_t, TestFileHeader::kProbeBytes> buffer{};
     const auto bytes = std::span<const std::uint8_t>(buffer).first(file.ReadAt(0, buffer));
+    if (bytes.empty() && file.Size() > 0)
+        return FileStatus::Failed;
     recognition = Recognise(bytes, path);
     if (rule == KitbagRule::FirstLine && BeginsAsKitbag(bytes))
         recognition = TextFile({tag::kKitbag, FileKind::Kitbag, {}}, TextOf(bytes));

@@ -12,7 +12,8 @@ namespace {
 FileResult WorkOnFile(const std::string& file, const Settings& settings,
     const std::function<FileResult(const Subject&)>& work)
 {
-    // One file that needs more memory than there is must not take the others with it.
+    // One file that needs more memory than there is, or finds a fault of ours, must not take the
+    // others with it.
     try {
         Subject subject;
         const FileStatus status = RecogniseSubject(file, settings.kind, subject);
@@ -21,6 +22,8 @@ FileResult WorkOnFile(const std::string& file, const Settings& settings,
         return work(subject);
     } catch (const std::bad_alloc&) {
         return {{}, "Not enough memory"};
+    } catch (const std::exception& fault) {
+        return {{}, fault.what()};
     }
 }
 

@@ -8,9 +8,21 @@
 
 namespace vireo {
 
+namespace {
+
+OscilloscopeKind KindToRead(const Subject& subject)
+{
+    if (!subject.isForced)
+        return OscilloscopeKind::ByTag;
+    return subject.Kind() == FileKind::Mtf ? OscilloscopeKind::Mtf : OscilloscopeKind::Oscilloscope;
+}
+
+} // namespace
+
 std::string OpenOscilloscope(const Subject& subject, std::int64_t line, OscilloscopeData& data)
 {
-    if (const OscilloscopeResult result = data.Read(subject.path); result != OscilloscopeResult::Ok)
+    const OscilloscopeResult result = data.Read(subject.path, KindToRead(subject));
+    if (result != OscilloscopeResult::Ok)
         return data.DescribeFailure(result);
     if (line >= data.LineCount())
         return Format("There is no line %lld: the file has %lld, counted from 0",

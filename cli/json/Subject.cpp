@@ -10,6 +10,7 @@ FileStatus RecogniseSubject(const std::string& name, std::optional<FileKind> kin
     subject.path = PathFromUtf8(name);
     const FileStatus status =
         RecogniseFile(subject.path, subject.recognition, KitbagRule::FirstLine);
+    subject.isForced = kind.has_value();
     if (kind)
         subject.recognition.kind = *kind;
     return status;

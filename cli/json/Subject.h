@@ -15,6 +15,7 @@ struct Subject {
     std::string name; ///< As given, in UTF-8.
     std::filesystem::path path;
     Recognition recognition;
+    bool isForced = false; ///< The kind was given, not recognised.
 
     FileKind Kind() const { return recognition.kind; }
 };

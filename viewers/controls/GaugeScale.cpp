@@ -16,8 +16,10 @@ double UnitsOf(double value)
 
 double UnitExtent(const GaugeScale& scale)
 {
-    // A full scale of 1 or less has no decade; its units fill the room alone.
-    return scale.halfExtent / 2.0 / (std::log10(std::max(scale.full, 1.0)) + 1.0);
+    // Full scales of a tenth and less have no decades left, and the formula no answer.
+    constexpr double kFewestDecades = 1e-3;
+    const double decades = scale.full > 0.0 ? std::log10(scale.full) + 1.0 : 0.0;
+    return scale.halfExtent / 2.0 / std::max(decades, kFewestDecades);
 }
 
 } // namespace

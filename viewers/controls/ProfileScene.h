@@ -22,6 +22,7 @@ enum class ProfileMode {
 /// Which of the two detail views a plot is.
 enum class ProfileSide { Right = 0, Left = 1 };
 
+/// The wish of a plot: what to show, for which camera and on which side.
 struct ProfileRequest {
     ProfileMode mode = ProfileMode::Overview;
     ProfileSide side = ProfileSide::Left;

@@ -25,7 +25,7 @@ constexpr std::int64_t kMtfBytesPerBoundary = 9;
 
 } // namespace
 
-OscilloscopeResult OscilloscopeData::Read(const std::filesystem::path& path)
+OscilloscopeResult OscilloscopeData::Read(const std::filesystem::path& path, OscilloscopeKind kind)
 {
     *this = OscilloscopeData();
     m_path = path;
@@ -33,6 +33,27 @@ OscilloscopeResult OscilloscopeData::Read(const std::filesystem::path& path)
     if (m_openStatus != FileStatus::Ok)
         return OscilloscopeResult::CantOpen;
 
+    m_bMtf = kind == OscilloscopeKind::Mtf;
+    if (kind == OscilloscopeKind::ByTag) {
+        const OscilloscopeResult result = ReadKind();
+        if (result != OscilloscopeResult::Ok)
+            return result;
+    }
+    TestFileHeader header;
+    m_headerStatus = header.Load(m_file);
+    if (m_headerStatus != HeaderResult::Ok)
+        return OscilloscopeResult::BadHeader;
+    m_headerText = header.Text();
+    m_dataOffset = header.DataOffset();
+    m_dataLength = static_cast<std::int64_t>(m_file.Size()) - m_dataOffset;
+    ReadHeaderValues(header);
+    LayOutData();
+    return OscilloscopeResult::Ok;
+}
+
+/// Tells the kind by the tags of the first bytes; a tag further on is a value's.
+OscilloscopeResult OscilloscopeData::ReadKind()
+{
     std::string probe(TestFileHeader::kProbeBytes, '\0');
     probe.resize(m_file.ReadAt(0, {reinterpret_cast<std::uint8_t*>(probe.data()), probe.size()}));
     TestFileHeader header;
@@ -43,19 +64,9 @@ OscilloscopeResult OscilloscopeData::Read(const std::filesystem::path& path)
         return OscilloscopeResult::IsNoiseTest;
     if (header.IsLightProfile() || header.IsG3LightProfile())
         return OscilloscopeResult::IsLightProfile;
-    if (!header.IsOscilloscope() && !header.IsMtf())
-        return OscilloscopeResult::WrongKind;
-
-    m_headerStatus = header.Load(m_file);
-    if (m_headerStatus != HeaderResult::Ok)
-        return OscilloscopeResult::BadHeader;
-    m_headerText = header.Text();
-    m_dataOffset = header.DataOffset();
-    m_dataLength = static_cast<std::int64_t>(m_file.Size()) - m_dataOffset;
-    m_bMtf = header.IsMtf();
-    ReadHeaderValues(header);
-    LayOutData();
-    return OscilloscopeResult::Ok;
+    m_bMtf = header.IsMtf() && !header.IsOscilloscope();
+    return m_bMtf || header.IsOscilloscope() ? OscilloscopeResult::Ok
+                                             : OscilloscopeResult::WrongKind;
 }
 
 std::string OscilloscopeData::DescribeFailure(OscilloscopeResult result) const

@@ -24,6 +24,9 @@ enum class [[nodiscard]] OscilloscopeResult{
     BadHeader,
 };
 
+/// As what a file is read: as its tag says, or as one kind whatever its tag.
+enum class OscilloscopeKind { ByTag, Oscilloscope, Mtf };
+
 /// The raw line signals of a scanner's cameras from an "[Oscilloscope]" or "[MTF]" file.
 ///
 /// Read takes the header only; a line is read from the file when it is asked for, so a file of any
@@ -35,8 +38,9 @@ public:
     static constexpr std::int64_t kMaxShownPixels = std::int64_t{1} << 28;
 
     /// Reads the header of a file and forgets what was read before. The kind of another test's file
-    /// is told so that it can be handed on.
-    OscilloscopeResult Read(const std::filesystem::path& path);
+    /// is told so that it can be handed on, unless the kind is forced.
+    OscilloscopeResult Read(
+        const std::filesystem::path& path, OscilloscopeKind kind = OscilloscopeKind::ByTag);
 
     /// One clear sentence for a result other than Ok.
     std::string DescribeFailure(OscilloscopeResult result) const;
@@ -129,6 +133,7 @@ public:
     std::optional<MtfExtra> ReadMtfExtra() const;
 
 private:
+    OscilloscopeResult ReadKind();
     void ReadHeaderValues(const TestFileHeader& header);
     void ReadCameraPixels(const TestFileHeader& header);
     void ReadScannerKind(const TestFileHeader& header);
