@@ -225,6 +225,25 @@ TEST_F(OscilloscopeDataTest, TakesTheLineWidthWhereTheMtfBlockHasNoWholeSolution
     EXPECT_EQ(data.PlaneLength(), 40);
 }
 
+TEST_F(OscilloscopeDataTest, TellsTheKindByTheFirstBytesUnlessItIsForced)
+{
+    // A tag in a value far behind is no tag; 64 bytes are then two lines and not an MTF block.
+    const std::string lines = "Color=Gray\nCameraCount=1\nCameraAPix=32\n"
+        + std::string("ProgramName=") + std::string(100, 'x') + "[MTF]\n";
+    const auto file =
+        folder.Write("tags.con", FileOf("[Oscilloscope]", lines, std::string(64, 'g')));
+    ASSERT_EQ(data.Read(file), OscilloscopeResult::Ok);
+    EXPECT_FALSE(data.IsMtf());
+    EXPECT_EQ(data.LineCount(), 2);
+    ASSERT_EQ(data.Read(file, OscilloscopeKind::Mtf), OscilloscopeResult::Ok);
+    EXPECT_TRUE(data.IsMtf());
+    EXPECT_EQ(data.LineCount(), 1);
+    const auto other =
+        folder.Write("other.con", FileOf("[Noise Test]", lines, std::string(64, 'g')));
+    ASSERT_EQ(data.Read(other, OscilloscopeKind::Oscilloscope), OscilloscopeResult::Ok);
+    EXPECT_EQ(data.LineCount(), 2);
+}
+
 struct RefusalCase {
     const char* name;
     std::string bytes;

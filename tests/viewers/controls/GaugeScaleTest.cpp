@@ -50,10 +50,15 @@ TEST(GaugeScale, WithoutExtentEverythingIsAtTheCentre)
     EXPECT_EQ(flat.ValueAt(3), 0.0);
 }
 
-TEST(GaugeScale, FullScaleBelowOneDoesNotDivideByNothing)
+TEST(GaugeScale, FullScalesBelowOneFollowTheFormulaWhileItHasAnAnswer)
 {
-    const GaugeScale small{0, 100, 0.1};
-    EXPECT_EQ(small.PositionOf(1.0), -50);
+    // log10(0.5) + 1 = 0.69897: 0.5 lies at 0.5 x 50 / 0.69897 = 35.8.
+    const GaugeScale half{0, 100, 0.5};
+    EXPECT_EQ(half.PositionOf(0.5), -36);
+    // log10(0.1) + 1 = 0: everything lies at the ends, zero in the middle.
+    const GaugeScale tenth{0, 100, 0.1};
+    EXPECT_EQ(tenth.PositionOf(1.0), -100);
+    EXPECT_EQ(tenth.PositionOf(0.0), 0);
 }
 
 } // namespace
