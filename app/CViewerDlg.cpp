@@ -9,12 +9,12 @@
 #include "platform/Text.h"
 #include "resources/StringTable.h"
 #include "ui_CViewerDlg.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/PumpMessages.h"
 #include "viewers/controls/QtText.h"
 
 #include <QAction>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QMimeData>
 #include <QTimerEvent>
 #include <QUrl>
@@ -214,17 +214,13 @@ void CViewerDlg::OpenAndStay(const std::filesystem::path& file)
 
 void CViewerDlg::OnOpen()
 {
-    QFileDialog dialog(this, tr("Open"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(
-        {tr("Test results (*.con)"), tr("TIFF pictures (*.tif *.tiff)"), tr("All files (*)")});
-    if (!m_recentFiles.Files().empty())
-        dialog.setDirectory(QStringFromPath(m_recentFiles.Files().front().parent_path()));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QStringList chosen = dialog.selectedFiles();
-    if (!chosen.isEmpty())
-        OpenAndStay(PathFromQString(chosen.front()));
+    const FileQuestion question{
+        tr("Open"), tr("Test results (*.con);;TIFF pictures (*.tif *.tiff);;All files (*)")};
+    const auto& files = m_recentFiles.Files();
+    const auto file =
+        AskForFileToOpen(this, question, files.empty() ? std::filesystem::path() : files.front());
+    if (!file.empty())
+        OpenAndStay(file);
 }
 
 void CViewerDlg::dragEnterEvent(QDragEnterEvent* event)

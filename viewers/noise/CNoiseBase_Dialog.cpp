@@ -1,14 +1,13 @@
 #include "viewers/noise/CNoiseBase_Dialog.h"
 
-#include "platform/Message.h"
 #include "resources/ControlIds.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/noise/CNoiseTestControl.h"
 #include "viewers/noise/NoiseExport.h"
 
 #include <QAbstractButton>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
 
@@ -23,17 +22,6 @@ QString NoiseFilter()
 {
     return QStringLiteral("Noise file (*.CON *.con);;*_STI.CON) (*_sti.con *_STI.CON);;"
                           "All Files (*)");
-}
-
-void TellFailure(const std::filesystem::path& path, std::string_view reason)
-{
-    ShowMessage(TextFromQString(QStringFromPath(path)).append("\n").append(reason));
-}
-
-void TellFailure(const std::filesystem::path& path, FileStatus status)
-{
-    if (status != FileStatus::Ok)
-        TellFailure(path, Describe(status));
 }
 
 } // namespace
@@ -116,7 +104,7 @@ void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)
     m_widgets.fileText->setToolTip(QStringFromPath(path));
     ShowFigures();
     if (!m_bLoaded)
-        TellFailure(path, m_data.DescribeFailure(result));
+        TellFileFailure(path, m_data.DescribeFailure(result));
 }
 
 void CNoiseBase_Dialog::FitPlanes()
@@ -143,39 +131,28 @@ void CNoiseBase_Dialog::OnPlane(ShownColour shown)
 
 void CNoiseBase_Dialog::OnLoad()
 {
-    const QString name = QFileDialog::getOpenFileName(
-        this, tr("Load"), QStringFromPath(m_data.Path().parent_path()), NoiseFilter());
-    if (!name.isEmpty())
-        ReadFile(PathFromQString(name));
-}
-
-std::filesystem::path CNoiseBase_Dialog::AskForTarget(
-    const QString& title, const std::filesystem::path& proposed, const QString& filter)
-{
-    const QString name =
-        QFileDialog::getSaveFileName(this, title, QStringFromPath(proposed), filter);
-    std::filesystem::path target = PathFromQString(name);
-    if (!target.empty() && !target.has_extension())
-        target += proposed.extension();
-    return target;
+    const std::filesystem::path file =
+        AskForFileToOpen(this, {tr("Load"), NoiseFilter()}, m_data.Path());
+    if (!file.empty())
+        ReadFile(file);
 }
 
 void CNoiseBase_Dialog::OnSave()
 {
-    const std::filesystem::path target =
-        AskForTarget(tr("Save"), m_data.Path().parent_path() / "Noise.con", NoiseFilter());
+    const std::filesystem::path target = AskForFileToSave(
+        this, {tr("Save"), NoiseFilter()}, m_data.Path().parent_path() / "Noise.con");
     if (!target.empty())
-        TellFailure(target, m_data.Save(target));
+        TellFileFailure(target, m_data.Save(target));
 }
 
 void CNoiseBase_Dialog::OnExportLine()
 {
     std::filesystem::path proposed = m_data.Path();
     proposed.replace_extension(".csv");
-    const std::filesystem::path target =
-        AskForTarget(tr("Export Line"), proposed, tr("Table (*.csv)"));
+    const std::filesystem::path target = AskForFileToSave(
+        this, {tr("Export Line"), tr("Table (*.csv)"), QStringLiteral("csv")}, proposed);
     if (!target.empty())
-        TellFailure(target, ExportNoiseAsCsv(target, m_data));
+        TellFileFailure(target, ExportNoiseAsCsv(target, m_data));
 }
 
 void CNoiseBase_Dialog::OnPrint()

@@ -64,8 +64,6 @@ private:
     void OnPrintPreview();
     void OnExportLine();
     QAbstractButton* PlaneButton(ShownColour shown) const;
-    std::filesystem::path AskForTarget(
-        const QString& title, const std::filesystem::path& proposed, const QString& filter);
 
     Widgets m_widgets;
     NoiseData m_data;

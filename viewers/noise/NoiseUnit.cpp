@@ -4,6 +4,7 @@
 #include "platform/Log.h"
 #include "platform/PrivateProfile.h"
 #include "platform/Text.h"
+#include "platform/WorkPaths.h"
 
 #include <cmath>
 #include <system_error>
@@ -79,8 +80,12 @@ std::string NoiseRuler::MarkLabel(std::int32_t pixel) const
 std::filesystem::path UnitSettingsFile()
 {
     constexpr const char* kFile = "Kestr6.ini";
-    const std::filesystem::path besideProgram = ProgramFolder() / kFile;
+    const SettingsFolders folders = SystemSettingsFolders();
+    const std::filesystem::path workFolder = FolderFromText(ReadWorkPath(folders));
     std::error_code error;
+    if (!workFolder.empty() && std::filesystem::is_directory(workFolder, error))
+        return workFolder / kFile;
+    const std::filesystem::path besideProgram = folders.program / kFile;
     if (std::filesystem::exists(besideProgram, error))
         return besideProgram;
     return ConfigFolder() / kFile;

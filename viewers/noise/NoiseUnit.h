@@ -37,8 +37,9 @@ private:
     double LineWidth() const;
 };
 
-/// The settings file that keeps the unit between runs: "Kestr6.ini" in the program's folder where
-/// there is one, else in the user's folder of settings.
+/// The settings file that keeps the unit between runs: "Kestr6.ini" in the work folder where one is
+/// set; else in the program's folder where there is such a file, else in the user's folder of
+/// settings.
 std::filesystem::path UnitSettingsFile();
 /// The unit kept there; centimetres when there is none.
 NoiseUnit ReadUnitSetting();

@@ -1,7 +1,7 @@
 #include "viewers/noise/StationLimit.h"
 
-#include "platform/KnownFolders.h"
 #include "platform/PositionalFile.h"
+#include "platform/WorkPaths.h"
 #include "testfile/TestFileHeader.h"
 
 #include <string>
@@ -15,16 +15,8 @@ constexpr std::size_t kMostBytes = 1024 * 1024;
 
 bool ReadStationFile(std::string& content)
 {
-    if (ReadWholeFile(ProgramFolder() / kStationFile, kMostBytes, content) == FileStatus::Ok)
-        return true;
-#ifdef _WIN32
-    for (char drive = 'C'; drive <= 'I'; ++drive) {
-        const std::string folder = std::string(1, drive) + ":\\Fct_Test\\";
-        if (ReadWholeFile(folder + kStationFile, kMostBytes, content) == FileStatus::Ok)
-            return true;
-    }
-#endif
-    return false;
+    const auto folder = LocateSettingsFile(SystemSettingsFolders(), kStationFile);
+    return folder && ReadWholeFile(*folder / kStationFile, kMostBytes, content) == FileStatus::Ok;
 }
 
 } // namespace

@@ -111,7 +111,7 @@ private:
     void Hold(bool hold);
     void RunTimer();
     std::filesystem::path AskForTarget(
-        const QString& title, const char* extension, const QString& filter);
+        const QString& title, const QString& filter, const QString& extension);
 
     std::unique_ptr<Ui::COscilloscope_Dialog> m_ui;
     ViewerHost& m_host;

@@ -2,6 +2,7 @@
 #include "resources/ControlIds.h"
 #include "ui_COscilloscope_Dialog.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 #include "viewers/oscilloscope/CSelectionList_Dialog.h"
@@ -9,7 +10,6 @@
 #include "viewers/oscilloscope/OscilloscopeText.h"
 
 #include <QAction>
-#include <QFileDialog>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -146,12 +146,12 @@ void COscilloscope_Dialog::OnLoad()
     if (!m_bDrawingReady || m_bUseHPDirectory)
         return;
     // Every viewer's Load offers these, the oscilloscope's too.
-    const QString name =
-        QFileDialog::getOpenFileName(this, tr("Load"), QStringFromPath(m_path.parent_path()),
-            QStringLiteral("Stitch file (*.con);;*_STI.CON) (*_sti.con);;All Files (*)"));
-    if (name.isEmpty())
+    const FileQuestion question{
+        tr("Load"), QStringLiteral("Stitch file (*.con);;*_STI.CON) (*_sti.con);;All Files (*)")};
+    const std::filesystem::path file = AskForFileToOpen(this, question, m_path);
+    if (file.empty())
         return;
-    m_path = PathFromQString(name);
+    m_path = file;
     ReadFile();
     FitDialogToFile();
 }
@@ -210,26 +210,15 @@ void COscilloscope_Dialog::OnTimer()
     ShowLine();
 }
 
-namespace {
-
-void TellFailure(const std::filesystem::path& target, FileStatus status)
-{
-    if (status != FileStatus::Ok)
-        ShowMessage(
-            TextFromQString(QStringFromPath(target)) + "\n" + std::string(Describe(status)));
-}
-
-} // namespace
-
 void COscilloscope_Dialog::OnExportLine()
 {
     if (!m_bDrawingReady)
         return;
     m_timer.stop();
     const std::filesystem::path target =
-        AskForTarget(tr("Export Line"), ".csv", tr("Table (*.csv)"));
+        AskForTarget(tr("Export Line"), tr("Table (*.csv)"), QStringLiteral("csv"));
     if (!target.empty())
-        vireo::TellFailure(target, ExportLineAsCsv(target, m_data, m_animation.CurrentLine()));
+        TellFileFailure(target, ExportLineAsCsv(target, m_data, m_animation.CurrentLine()));
     RunTimer();
 }
 
@@ -239,25 +228,20 @@ void COscilloscope_Dialog::OnSavePicture()
         return;
     m_timer.stop();
     const std::filesystem::path target =
-        AskForTarget(tr("Save Picture"), ".png", tr("Picture (*.png)"));
+        AskForTarget(tr("Save Picture"), tr("Picture (*.png)"), QStringLiteral("png"));
     if (!target.empty())
-        vireo::TellFailure(
+        TellFileFailure(
             target, m_plots->SavePicture(target, PrintedHeaderLines(m_data, m_plots->Shown())));
     RunTimer();
 }
 
 /// A file that the user names, beginning with that of the line's own file; empty when cancelled.
 std::filesystem::path COscilloscope_Dialog::AskForTarget(
-    const QString& title, const char* extension, const QString& filter)
+    const QString& title, const QString& filter, const QString& extension)
 {
     std::filesystem::path proposed = m_data.Path();
-    proposed.replace_extension(extension);
-    const QString name =
-        QFileDialog::getSaveFileName(this, title, QStringFromPath(proposed), filter);
-    std::filesystem::path target = PathFromQString(name);
-    if (!target.empty() && !target.has_extension())
-        target += extension;
-    return target;
+    proposed.replace_extension(extension.toStdString());
+    return AskForFileToSave(this, {title, filter, extension}, proposed);
 }
 
 void COscilloscope_Dialog::Hold(bool hold)

@@ -1,4 +1,4 @@
-#include "app/WorkPaths.h"
+#include "platform/WorkPaths.h"
 #include "tests/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -126,6 +126,42 @@ TEST_F(WorkPathsTest, OtherGenerationsLeaveTheFileAlone)
     std::filesystem::remove(file);
     EXPECT_EQ(LoadFixedPathSettings(folders, 6).fixedPath, "c:\\temp\\");
     EXPECT_FALSE(std::filesystem::exists(file)) << "nothing found, nothing written";
+}
+
+TEST_F(WorkPathsTest, AFileDialogBeginsInTheBestFolderThatExists)
+{
+    const auto kept = folder.Path() / "settings" / "Vireo.ini";
+    const DialogPlace place{"F24", "StarTest"};
+    const auto begin = [&] { return FolderForDialog(folders, kept, place); };
+    const auto make = [&](const char* name) {
+        std::filesystem::create_directories(folder.Path() / name);
+        return folder.Path() / name;
+    };
+    EXPECT_EQ(begin(), "");
+
+    const auto work = make("work");
+    folder.Write("program/Kestrel6_Path.txt", work.string() + "\r\n");
+    EXPECT_EQ(begin(), work) << "a line end behind the work path does no harm";
+    const auto own = make("work/StarTest");
+    EXPECT_EQ(begin(), own);
+
+    const auto fixed = make("fixed");
+    const auto settings = "Fixed Path=" + fixed.string() + "\n";
+    folder.Write("d/Kestrel6_FixPath.txt", "Use Fixed Path=OFF\n" + settings);
+    EXPECT_EQ(begin(), own) << "a fixed path that is not used";
+    const auto file = folder.Write("d/Kestrel6_FixPath.txt", "Use Fixed Path=ON\n" + settings);
+    EXPECT_EQ(begin().lexically_normal(), (fixed / "").lexically_normal());
+    EXPECT_EQ(TempFolder::Read(file), "Use Fixed Path=ON\n" + settings) << "only read";
+
+    const auto chosen = make("chosen \xC3\xA4");
+    KeepFolderOfDialog(kept, place, chosen / "a.con");
+    KeepFolderOfDialog(kept, {}, own / "a.con");
+    EXPECT_EQ(begin(), chosen);
+    EXPECT_EQ(FolderForDialog(folders, kept, {"F20", "Tonal Resolution"}).lexically_normal(),
+        (fixed / "").lexically_normal())
+        << "another test's key";
+    std::filesystem::remove(chosen);
+    EXPECT_EQ(begin().lexically_normal(), (fixed / "").lexically_normal());
 }
 
 } // namespace

@@ -1,7 +1,9 @@
-#include "app/WorkPaths.h"
+#include "platform/WorkPaths.h"
 
 #include "platform/AtomicFile.h"
 #include "platform/KnownFolders.h"
+#include "platform/Path.h"
+#include "platform/PrivateProfile.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -61,6 +63,61 @@ std::string ReadWorkPath(const SettingsFolders& folders)
     if (ReadWholeFile(folders.program / kWorkPathFile, kLargestFile, content) != FileStatus::Ok)
         content.clear();
     return content;
+}
+
+std::filesystem::path FolderFromText(std::string_view text)
+{
+    std::string folder(text.substr(0, text.find_first_of("\r\n")));
+#ifndef _WIN32
+    std::ranges::replace(folder, '\\', '/');
+#endif
+    return PathFromUtf8(Utf8FromWindows1252(folder));
+}
+
+namespace {
+
+constexpr std::string_view kKeptSection = "Folders";
+constexpr std::size_t kLongestKeptFolder = 32768;
+
+bool IsFolder(const std::filesystem::path& folder)
+{
+    std::error_code error;
+    return !folder.empty() && std::filesystem::is_directory(folder, error);
+}
+
+} // namespace
+
+std::filesystem::path FolderForDialog(
+    const SettingsFolders& folders, const std::filesystem::path& kept, const DialogPlace& place)
+{
+    std::vector<std::filesystem::path> candidates;
+    if (!place.functionKey.empty())
+        candidates.push_back(PathFromUtf8(PrivateProfile(kept).ReadString(
+            kKeptSection, place.functionKey, "", kLongestKeptFolder)));
+    const auto addWithOwnFolder = [&](const std::filesystem::path& folder) {
+        if (folder.empty())
+            return;
+        if (!place.folderName.empty())
+            candidates.push_back(folder / place.folderName);
+        candidates.push_back(folder);
+    };
+    // No generation is asked for, so the file is only read.
+    if (const FixedPathSettings settings = LoadFixedPathSettings(folders, 0); settings.useFixedPath)
+        addWithOwnFolder(FolderFromText(settings.fixedPath));
+    addWithOwnFolder(FolderFromText(ReadWorkPath(folders)));
+    const auto found = std::ranges::find_if(candidates, IsFolder);
+    return found == candidates.end() ? std::filesystem::path() : *found;
+}
+
+void KeepFolderOfDialog(const std::filesystem::path& kept, const DialogPlace& place,
+    const std::filesystem::path& chosenFile)
+{
+    if (place.functionKey.empty())
+        return;
+    std::error_code error;
+    std::filesystem::create_directories(kept.parent_path(), error);
+    (void)PrivateProfile(kept).WriteString(
+        kKeptSection, place.functionKey, Utf8FromPath(chosenFile.parent_path()));
 }
 
 namespace {

@@ -33,6 +33,31 @@ std::optional<std::filesystem::path> LocateSettingsFile(
 /// The content of "Kestrel6_Path.txt" in the program's folder as it stands, or empty.
 std::string ReadWorkPath(const SettingsFolders& folders);
 
+/// The folder that a text of these files names, without the line end that an editor may have left
+/// behind it. Where folders are told apart by '/', every '\\' becomes one.
+std::filesystem::path FolderFromText(std::string_view text);
+
+/// Where the file dialogs of a kind of test begin.
+struct DialogPlace {
+    /// The test's function key, such as "F24", under which the folder chosen last is kept; empty
+    /// for dialogs that keep none.
+    std::string_view functionKey;
+    /// The test's own folder in the folder of results, such as "StarTest"; may be empty.
+    std::string_view folderName;
+};
+
+/// The folder in which a file dialog begins: the first that exists of the folder chosen last for
+/// this function key, the fixed path if it is used, and the work path, the latter two with the
+/// test's own folder in them if there is one. Empty when there is none. The folders chosen last are
+/// kept in the settings file `kept`.
+std::filesystem::path FolderForDialog(
+    const SettingsFolders& folders, const std::filesystem::path& kept, const DialogPlace& place);
+
+/// Keeps the folder of a file chosen for a function key; without a key nothing is kept, and a
+/// settings file that cannot be written is no reason to bother anybody.
+void KeepFolderOfDialog(const std::filesystem::path& kept, const DialogPlace& place,
+    const std::filesystem::path& chosenFile);
+
 /// What "Kestrel6_FixPath.txt" says of where results are saved.
 struct FixedPathSettings {
     static constexpr int kFirstGeneration = 3; ///< Generations with a folder of their own.

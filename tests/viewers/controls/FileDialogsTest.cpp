@@ -1,0 +1,85 @@
+#include "platform/Message.h"
+#include "platform/Path.h"
+#include "tests/TempFolder.h"
+#include "viewers/controls/FileDialogs.h"
+#include "viewers/controls/QtText.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace vireo {
+namespace {
+
+/// Uses the file dialog as a person does, once it is there.
+class FileDialogsTest : public testing::Test {
+protected:
+    FileDialogsTest()
+    {
+        qputenv("XDG_CONFIG_HOME", settings.Path().string().c_str());
+        qputenv("APPDATA", settings.Path().string().c_str());
+    }
+
+    /// Types a name and confirms; answers the question whether to replace a file with No.
+    void TypeInNextDialog(const QString& name)
+    {
+        QTimer::singleShot(0, [this, name] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            start = PathFromQString(dialog->directory().absolutePath());
+            QTimer::singleShot(0, [this, dialog] {
+                if (auto* const box =
+                        qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    ++questions;
+                    QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
+                    QTimer::singleShot(0, dialog, &QDialog::reject);
+                }
+            });
+            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+            QTest::keyClick(
+                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+        });
+    }
+
+    TempFolder settings;
+    TempFolder folder;
+    std::filesystem::path start;
+    int questions = 0;
+};
+
+TEST_F(FileDialogsTest, SavingAddsTheExtensionAndAsksBeforeItReplaces)
+{
+    const FileQuestion question{"Save", "Test (*.con);;All Files (*)", "con", {}};
+    TypeInNextDialog("new");
+    EXPECT_EQ(
+        AskForFileToSave(nullptr, question, folder.Path() / "x.con"), folder.Path() / "new.con");
+    EXPECT_EQ(questions, 0);
+
+    folder.Write("old.con", "kept");
+    TypeInNextDialog("old");
+    EXPECT_EQ(AskForFileToSave(nullptr, question, folder.Path() / "x.con"), "");
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(TempFolder::Read(folder.Path() / "old.con"), "kept");
+}
+
+TEST_F(FileDialogsTest, AFunctionKeyRemembersItsFolder)
+{
+    FileQuestion question{"Load", "Test (*.con)", "con", {"F24", "StarTest"}};
+    const auto file = folder.Write("a.con", "a");
+    TypeInNextDialog(QStringFromPath(file));
+    EXPECT_EQ(AskForFileToOpen(nullptr, question, {}), file);
+
+    TypeInNextDialog("a.con");
+    EXPECT_EQ(AskForFileToOpen(nullptr, question, {}), file);
+    EXPECT_EQ(start, folder.Path());
+}
+
+} // namespace
+} // namespace vireo
