@@ -2,12 +2,8 @@
 
 #include "viewers/controls/PrintCommand.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPrinter>
-#include <QScrollBar>
-#include <QSignalBlocker>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -18,23 +14,13 @@ namespace {
 
 constexpr double kClickZoom = 2.0;
 constexpr double kWheelZoom = 1.25;
-constexpr int kWheelStep = 120; ///< Eighths of a degree.
 constexpr std::size_t kHeaderLines = 20;
 
 } // namespace
 
-CLPFControle::CLPFControle(QWidget* parent) : QWidget(parent)
+CLPFControle::CLPFControle(QWidget* parent) : CLinePlot(parent)
 {
-    setMouseTracking(true);
-    setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(120, 80);
-}
-
-void CLPFControle::SetScrollBar(QScrollBar* scrollBar)
-{
-    m_scrollBar = scrollBar;
-    connect(scrollBar, &QScrollBar::valueChanged, this, &CLPFControle::OnScrolled);
-    UpdateScrollBar();
 }
 
 void CLPFControle::SetLine(const ProfileLine* line, ShownColour shown)
@@ -105,9 +91,7 @@ void CLPFControle::Recompose()
         m_request, m_content.line ? *m_content.line : kNoLine, m_content.shown, m_content.cameras);
     if (m_bUserView)
         m_content.scene.view = before.Within(LineLength());
-    UpdateScrollBar();
-    emit ViewChanged();
-    Redraw();
+    OnViewChanged();
 }
 
 void CLPFControle::SetView(const ProfileView& view)
@@ -122,9 +106,7 @@ void CLPFControle::ApplyView(const ProfileView& view)
     if (valid == View())
         return;
     m_content.scene.view = valid;
-    UpdateScrollBar();
-    emit ViewChanged();
-    Redraw();
+    OnViewChanged();
 }
 
 void CLPFControle::UpdateStretches()
@@ -140,24 +122,27 @@ std::int64_t CLPFControle::LineLength() const
     return m_content.line ? m_content.line->Length() : 0;
 }
 
-void CLPFControle::UpdateScrollBar()
+CLinePlot::ScrollState CLPFControle::Scrolled() const
 {
-    if (!m_scrollBar)
-        return;
     // Whole pixels are fine enough for a scroll bar, and a line has fewer than an int holds.
-    const auto length = static_cast<int>(std::lround(View().length));
-    const int hidden = std::max(static_cast<int>(LineLength()) - length, 0);
-    const QSignalBlocker quiet(m_scrollBar);
-    m_scrollBar->setRange(0, hidden);
-    m_scrollBar->setPageStep(std::max(length, 1));
-    m_scrollBar->setSingleStep(std::max(length / 10, 1));
-    m_scrollBar->setValue(static_cast<int>(std::lround(View().first)));
-    m_scrollBar->setEnabled(hidden > 0);
+    return {static_cast<int>(LineLength()), static_cast<int>(std::lround(View().length)),
+        static_cast<int>(std::lround(View().first))};
 }
 
-void CLPFControle::OnScrolled(int position)
+void CLPFControle::ScrollTo(int first)
 {
-    SetView({static_cast<double>(position), View().length});
+    SetView({static_cast<double>(first), View().length});
+}
+
+void CLPFControle::DragView(int fromX, int toX)
+{
+    const ProfileScale scale = ScaleOf(m_content, size());
+    SetView(View().MovedBy(scale.PixelAt(fromX) - scale.PixelAt(toX), LineLength()));
+}
+
+void CLPFControle::MoveView(double share)
+{
+    SetView(View().MovedBy(share * View().length, LineLength()));
 }
 
 double CLPFControle::PixelUnder(QPoint point) const
@@ -248,101 +233,21 @@ void CLPFControle::PrintPreview(const std::vector<const CLPFControle*>& companio
     ShowPrintPreview(printer, this, [&page](QPrinter& target) { PrintOn(target, page); });
 }
 
-void CLPFControle::Redraw()
+void CLPFControle::ReadCursor(std::optional<QPoint> point)
 {
-    m_picture = QImage();
-    // The line under a resting pointer may have changed, as it does in an animation.
-    if (m_cursorPoint)
-        MoveCursor(m_cursorPoint);
-    update();
-}
-
-void CLPFControle::MoveCursor(std::optional<QPoint> point)
-{
-    m_cursorPoint = point;
     m_cursor = point ? PositionAt(*point) : std::nullopt;
-    update();
     emit CursorMoved(m_cursor);
 }
 
-void CLPFControle::paintEvent(QPaintEvent*)
+void CLPFControle::DrawPlot(QPainter& painter)
 {
-    const qreal ratio = devicePixelRatioF();
-    const QSize deviceSize = (QSizeF(size()) * ratio).toSize();
-    if (m_picture.size() != deviceSize) {
-        m_picture = QImage(deviceSize, QImage::Format_RGB32);
-        m_picture.setDevicePixelRatio(ratio);
-        QPainter painter(&m_picture);
-        DrawProfilePlot(painter, size(), m_content);
-    }
-    QPainter painter(this);
-    painter.drawImage(QPoint(0, 0), m_picture);
+    DrawProfilePlot(painter, size(), m_content);
+}
+
+void CLPFControle::DrawCursor(QPainter& painter)
+{
     if (m_cursor)
         DrawProfileCursor(painter, size(), m_content, *m_cursor);
-}
-
-void CLPFControle::resizeEvent(QResizeEvent*)
-{
-    Redraw();
-}
-
-void CLPFControle::mousePressEvent(QMouseEvent* event)
-{
-    const bool pans = event->button() == Qt::MiddleButton
-        || (event->button() == Qt::LeftButton && event->modifiers() & Qt::ShiftModifier);
-    if (pans) {
-        m_dragFrom = event->pos();
-        setCursor(Qt::ClosedHandCursor);
-    } else if (event->button() == Qt::LeftButton) {
-        OnLButtonDown(event->pos());
-    } else if (event->button() == Qt::RightButton) {
-        OnRButtonDown(event->pos());
-    }
-}
-
-void CLPFControle::mouseReleaseEvent(QMouseEvent*)
-{
-    m_dragFrom.reset();
-    unsetCursor();
-}
-
-void CLPFControle::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    mousePressEvent(event);
-}
-
-void CLPFControle::mouseMoveEvent(QMouseEvent* event)
-{
-    if (m_dragFrom) {
-        const ProfileScale scale = ScaleOf(m_content, size());
-        SetView(View().MovedBy(
-            scale.PixelAt(m_dragFrom->x()) - scale.PixelAt(event->pos().x()), LineLength()));
-        m_dragFrom = event->pos();
-    }
-    MoveCursor(event->pos());
-}
-
-void CLPFControle::wheelEvent(QWheelEvent* event)
-{
-    const QPoint turned = event->angleDelta();
-    if (std::abs(turned.x()) > std::abs(turned.y())) {
-        constexpr double kWidthPerStep = 0.1;
-        SetView(
-            View().MovedBy(-turned.x() * kWidthPerStep / kWheelStep * View().length, LineLength()));
-    } else {
-        m_wheelRest += turned.y();
-        const int steps = m_wheelRest / kWheelStep;
-        m_wheelRest -= steps * kWheelStep;
-        if (steps != 0)
-            OnMouseWheel(event->position().toPoint(), steps);
-    }
-    MoveCursor(event->position().toPoint());
-    event->accept();
-}
-
-void CLPFControle::leaveEvent(QEvent*)
-{
-    MoveCursor(std::nullopt);
 }
 
 QSize CLPFControle::sizeHint() const
