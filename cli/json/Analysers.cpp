@@ -5,6 +5,7 @@
 #include "cli/json/NoiseJson.h"
 #include "cli/json/OscilloscopeJson.h"
 #include "cli/json/Subject.h"
+#include "cli/json/TiffJson.h"
 
 namespace vireo {
 
@@ -32,6 +33,7 @@ constexpr Analyser kAnalysers[] = {
     {FileKind::LightProfile, AnalysePlain},
     {FileKind::AdjustCenterCcd, AnalysePlain},
     {FileKind::VerticalCameraVerification, AnalysePlain},
+    {FileKind::Tiff, AnalyseTiff},
     {FileKind::Unknown, AnalyseUnknown},
 };
 

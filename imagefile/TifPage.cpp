@@ -1,0 +1,443 @@
+#include "imagefile/TifPage.h"
+
+#include "platform/AtomicFile.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <vector>
+
+namespace vireo {
+
+namespace {
+
+// What a page may ask for at most. Wide-format pictures stay far below.
+constexpr std::uint64_t kMaxRowBytes = 64 * 1024 * 1024;
+constexpr std::uint32_t kMaxDescriptionBytes = 1024 * 1024;
+constexpr std::size_t kEntryBytes = 12;
+constexpr std::size_t kValueFieldOffset = 8; ///< In an entry.
+constexpr std::uint32_t kColorMapValues = 768;
+
+enum class Tag : std::uint16_t {
+    ImageWidth = 256,
+    ImageLength = 257,
+    BitsPerSample = 258,
+    Compression = 259,
+    Photometric = 262,
+    ImageDescription = 270,
+    StripOffsets = 273,
+    RowsPerStrip = 278,
+    StripByteCounts = 279,
+    XResolution = 282,
+    YResolution = 283,
+    PlanarConfiguration = 284,
+    ResolutionUnit = 296,
+    Predictor = 317,
+    ColorMap = 320,
+    IccProfile = 34675,
+};
+
+enum class Type : std::uint16_t { Ascii = 2, Short = 3, Long = 4, Rational = 5, Undefined = 7 };
+
+struct Entry {
+    Tag tag{};
+    Type type{};
+    std::uint32_t count = 0;
+    std::uint64_t fieldOffset = 0; ///< Where the value field lies in the file.
+    std::uint32_t value = 0;       ///< The value field as a 32-bit number,
+    std::uint16_t shortValue = 0;  ///< and its first half as a 16-bit number.
+
+    bool IsOneShort() const { return type == Type::Short && count == 1; }
+    bool IsShortOrLong() const { return type == Type::Short || type == Type::Long; }
+    bool IsOneRational() const { return type == Type::Rational && count == 1; }
+    std::uint32_t Number() const { return type == Type::Short ? shortValue : value; }
+};
+
+struct Rational {
+    std::uint32_t numerator = 300;
+    std::uint32_t denominator = 1;
+};
+
+/// Reads the entries of one page one after the other. Every function returns the code of the first
+/// thing that is wrong.
+class PageParser {
+public:
+    PageParser(const PositionalFile& file, ByteOrder order, const std::filesystem::path& iccFile,
+        TifPage& page)
+        : m_file(file),
+          m_order(order),
+          m_iccFile(iccFile),
+          m_page(page)
+    {
+    }
+
+    ImageResult ReadEntries(std::uint64_t& position);
+
+private:
+    bool ReadEntry(std::uint64_t position, Entry& entry) const;
+    ImageResult Take(const Entry& entry);
+    ImageResult TakeSize(const Entry& entry, std::uint32_t& size) const;
+    ImageResult TakeShort(const Entry& entry, std::uint16_t& value) const;
+    ImageResult TakeBitsPerSample(const Entry& entry);
+    ImageResult TakeDescription(const Entry& entry);
+    ImageResult TakeStripOffsets(const Entry& entry);
+    ImageResult TakeStripByteCounts(const Entry& entry) const;
+    ImageResult TakeResolution(const Entry& entry, Rational& resolution) const;
+    ImageResult TakePlanarConfiguration(const Entry& entry) const;
+    ImageResult TakeResolutionUnit(const Entry& entry);
+    ImageResult TakePredictor(const Entry& entry);
+    ImageResult TakeColorMap(const Entry& entry);
+    ImageResult CopyProfile(const Entry& entry) const;
+    bool FileHolds(std::uint64_t offset, std::uint64_t bytes) const;
+    bool ReadAll(std::uint64_t offset, std::span<std::uint8_t> into) const;
+    std::uint32_t ResolutionInDpi() const;
+
+    const PositionalFile& m_file;
+    ByteOrder m_order;
+    const std::filesystem::path& m_iccFile;
+    TifPage& m_page;
+    Rational m_resolution;
+    std::uint16_t m_resolutionUnit = 2;
+};
+
+bool PageParser::FileHolds(std::uint64_t offset, std::uint64_t bytes) const
+{
+    return offset <= m_file.Size() && bytes <= m_file.Size() - offset;
+}
+
+bool PageParser::ReadAll(std::uint64_t offset, std::span<std::uint8_t> into) const
+{
+    return m_file.ReadAt(offset, into) == into.size();
+}
+
+bool PageParser::ReadEntry(std::uint64_t position, Entry& entry) const
+{
+    std::array<std::uint8_t, kEntryBytes> bytes;
+    if (!ReadAll(position, bytes))
+        return false;
+    ByteReader reader(bytes, m_order);
+    entry.tag = static_cast<Tag>(*reader.ReadU16());
+    entry.type = static_cast<Type>(*reader.ReadU16());
+    entry.count = *reader.ReadU32();
+    entry.value = *reader.ReadU32();
+    reader.Seek(kValueFieldOffset);
+    entry.shortValue = *reader.ReadU16();
+    entry.fieldOffset = position + kValueFieldOffset;
+    return true;
+}
+
+ImageResult PageParser::ReadEntries(std::uint64_t& position)
+{
+    std::array<std::uint8_t, 2> countBytes;
+    if (!ReadAll(position, countBytes))
+        return ImageResult::CantReadTif;
+    position += countBytes.size();
+    std::uint32_t left = *ByteReader(countBytes, m_order).ReadU16();
+    for (Tag previous{}; left != 0; --left) {
+        Entry entry;
+        if (!ReadEntry(position, entry))
+            return ImageResult::CantReadTif;
+        position += kEntryBytes;
+        if (entry.tag <= previous)
+            return ImageResult::TifFormatError;
+        previous = entry.tag;
+        if (const ImageResult result = Take(entry); result != ImageResult::Ok)
+            return result;
+    }
+    m_page.resolution = ResolutionInDpi();
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::Take(const Entry& entry)
+{
+    Rational ignored;
+    switch (entry.tag) {
+    case Tag::ImageWidth:
+        return TakeSize(entry, m_page.width);
+    case Tag::ImageLength:
+        return TakeSize(entry, m_page.height);
+    case Tag::BitsPerSample:
+        return TakeBitsPerSample(entry);
+    case Tag::Compression:
+        return TakeShort(entry, m_page.compression);
+    case Tag::Photometric:
+        return TakeShort(entry, m_page.photometric);
+    case Tag::ImageDescription:
+        return TakeDescription(entry);
+    case Tag::StripOffsets:
+        return TakeStripOffsets(entry);
+    case Tag::RowsPerStrip:
+        return TakeSize(entry, m_page.rowsPerStrip);
+    case Tag::StripByteCounts:
+        return TakeStripByteCounts(entry);
+    case Tag::XResolution:
+        return TakeResolution(entry, m_resolution);
+    case Tag::YResolution:
+        return TakeResolution(entry, ignored);
+    case Tag::PlanarConfiguration:
+        return TakePlanarConfiguration(entry);
+    case Tag::ResolutionUnit:
+        return TakeResolutionUnit(entry);
+    case Tag::Predictor:
+        return TakePredictor(entry);
+    case Tag::ColorMap:
+        return TakeColorMap(entry);
+    case Tag::IccProfile:
+        return CopyProfile(entry);
+    }
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakeSize(const Entry& entry, std::uint32_t& size) const
+{
+    if (!entry.IsShortOrLong() || entry.count != 1)
+        return ImageResult::TifFormatError;
+    size = entry.Number();
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakeShort(const Entry& entry, std::uint16_t& value) const
+{
+    if (!entry.IsOneShort())
+        return ImageResult::TifFormatError;
+    value = entry.shortValue;
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakeBitsPerSample(const Entry& entry)
+{
+    if (entry.type != Type::Short || (entry.count != 1 && entry.count != 3))
+        return ImageResult::UnsupportedTifFormat;
+    if (entry.count == 1) {
+        if (entry.shortValue != 1 && entry.shortValue != 8 && entry.shortValue != 16)
+            return ImageResult::UnsupportedTifFormat;
+        m_page.depth = entry.shortValue == 1 ? ColorDepth::Bilevel
+            : entry.shortValue == 8          ? ColorDepth::Gray8
+                                             : ColorDepth::Gray16;
+        return ImageResult::Ok;
+    }
+    std::array<std::uint8_t, 6> bytes;
+    if (!ReadAll(entry.value, bytes))
+        return ImageResult::CantReadTif;
+    ByteReader reader(bytes, m_order);
+    while (const auto bits = reader.ReadU16()) {
+        if (*bits != 8 && *bits != 16)
+            return ImageResult::UnsupportedTifFormat;
+        // Triples of both kinds count as their last one says.
+        m_page.depth = *bits == 8 ? ColorDepth::Rgb8 : ColorDepth::Rgb16;
+    }
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakeDescription(const Entry& entry)
+{
+    if (entry.type != Type::Ascii)
+        return ImageResult::TifFormatError;
+    // A text that the file does not hold to its end is taken as far as it goes.
+    const std::uint64_t offset = entry.count < 5 ? entry.fieldOffset : entry.value;
+    const std::uint64_t there = m_file.Size() - std::min(m_file.Size(), offset);
+    const std::uint64_t most = std::min<std::uint64_t>(entry.count, kMaxDescriptionBytes);
+    std::vector<std::uint8_t> text(static_cast<std::size_t>(std::min(there, most)));
+    text.resize(m_file.ReadAt(offset, text));
+    m_page.description.assign(text.begin(), text.end());
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakeStripOffsets(const Entry& entry)
+{
+    if (!entry.IsShortOrLong())
+        return ImageResult::TifFormatError;
+    const unsigned entryBytes = entry.type == Type::Short ? 2 : 4;
+    const std::uint64_t bytes = std::uint64_t{entry.count} * entryBytes;
+    const std::uint64_t offset = bytes <= 4 ? entry.fieldOffset : entry.value;
+    if (!FileHolds(offset, bytes))
+        return ImageResult::CantReadTif;
+    m_page.strips = {offset, entry.count, entryBytes, m_order};
+    return ImageResult::Ok;
+}
+
+/// The byte counts are not needed for reading: every coding says by itself where its rows end. Too
+/// many files have wrong ones.
+ImageResult PageParser::TakeStripByteCounts(const Entry& entry) const
+{
+    if (!entry.IsShortOrLong() || entry.count != m_page.strips.Count())
+        return ImageResult::TifFormatError;
+    const std::uint64_t bytes = std::uint64_t{entry.count} * (entry.type == Type::Short ? 2 : 4);
+    return bytes <= 4 || FileHolds(entry.value, bytes) ? ImageResult::Ok : ImageResult::CantReadTif;
+}
+
+ImageResult PageParser::TakeResolution(const Entry& entry, Rational& resolution) const
+{
+    if (!entry.IsOneRational())
+        return ImageResult::TifFormatError;
+    std::array<std::uint8_t, 8> bytes;
+    if (!ReadAll(entry.value, bytes))
+        return ImageResult::CantReadTif;
+    ByteReader reader(bytes, m_order);
+    resolution.numerator = *reader.ReadU32();
+    resolution.denominator = *reader.ReadU32();
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakePlanarConfiguration(const Entry& entry) const
+{
+    if (!entry.IsOneShort())
+        return ImageResult::TifFormatError;
+    return entry.shortValue == 1 ? ImageResult::Ok : ImageResult::UnsupportedTifFormat;
+}
+
+ImageResult PageParser::TakeResolutionUnit(const Entry& entry)
+{
+    if (!entry.IsOneShort() || entry.shortValue < 1 || entry.shortValue > 3)
+        return ImageResult::TifFormatError;
+    m_resolutionUnit = entry.shortValue;
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::TakePredictor(const Entry& entry)
+{
+    if (!entry.IsOneShort())
+        return ImageResult::TifFormatError;
+    m_page.predictor = entry.shortValue;
+    const bool isKnown =
+        entry.shortValue == 1 || entry.shortValue == TifPage::kHorizontalDifferencing;
+    return isKnown ? ImageResult::Ok : ImageResult::UnsupportedTifFormat;
+}
+
+std::uint8_t ColorByte(std::uint16_t value)
+{
+    return static_cast<std::uint8_t>(std::uint32_t{value} * 255 / 65535);
+}
+
+ImageResult PageParser::TakeColorMap(const Entry& entry)
+{
+    if (entry.type != Type::Short || entry.count != kColorMapValues
+        || m_page.depth != ColorDepth::Gray8)
+        return ImageResult::TifFormatError;
+    std::array<std::uint8_t, 2 * kColorMapValues> bytes;
+    if (!ReadAll(entry.value, bytes))
+        return ImageResult::CantReadTif;
+    ByteReader reader(bytes, m_order);
+    for (TifPage::Color& color : m_page.colorMap)
+        color.red = ColorByte(*reader.ReadU16());
+    for (TifPage::Color& color : m_page.colorMap)
+        color.green = ColorByte(*reader.ReadU16());
+    for (TifPage::Color& color : m_page.colorMap)
+        color.blue = ColorByte(*reader.ReadU16());
+    m_page.depth = ColorDepth::Palette8;
+    m_page.colorMapEntries = static_cast<std::uint32_t>(m_page.colorMap.size());
+    return ImageResult::Ok;
+}
+
+ImageResult PageParser::CopyProfile(const Entry& entry) const
+{
+    if (entry.type != Type::Undefined)
+        return ImageResult::TifFormatError;
+    if (m_iccFile.empty())
+        return ImageResult::Ok;
+    AtomicFile output;
+    if (output.Open(m_iccFile) != FileStatus::Ok)
+        return ImageResult::CantOpenIcc;
+    const std::uint64_t begin = entry.count <= 4 ? entry.fieldOffset : entry.value;
+    if (!FileHolds(begin, entry.count))
+        return ImageResult::CantReadTif;
+    std::vector<std::uint8_t> piece(64 * 1024);
+    for (std::uint64_t done = 0; done < entry.count;) {
+        const auto part = std::span(piece).first(
+            static_cast<std::size_t>(std::min<std::uint64_t>(piece.size(), entry.count - done)));
+        if (!ReadAll(begin + done, part))
+            return ImageResult::CantReadTif;
+        if (output.Write(part) != FileStatus::Ok)
+            return ImageResult::CantWriteIcc;
+        done += part.size();
+    }
+    return output.Commit() == FileStatus::Ok ? ImageResult::Ok : ImageResult::CantWriteIcc;
+}
+
+/// Rounded to nearest. A centimetre is 100 / 254 of an inch.
+std::uint32_t PageParser::ResolutionInDpi() const
+{
+    constexpr std::uint16_t kNoUnit = 1, kCentimetre = 3;
+    const std::uint64_t numerator = m_resolution.numerator;
+    const std::uint64_t denominator = m_resolution.denominator;
+    if (denominator == 0 || m_resolutionUnit == kNoUnit)
+        return 0;
+    const std::uint64_t dpi = m_resolutionUnit == kCentimetre
+        ? (numerator * 254 + denominator * 50) / (denominator * 100)
+        : (numerator + denominator / 2) / denominator;
+    return static_cast<std::uint32_t>(
+        std::min<std::uint64_t>(dpi, std::numeric_limits<std::uint32_t>::max()));
+}
+
+bool IsKnownCompression(std::uint16_t compression)
+{
+    switch (compression) {
+    case TifCompression::kNone:
+    case TifCompression::kModifiedHuffman:
+    case TifCompression::kGroup4:
+    case TifCompression::kLzw:
+    case TifCompression::kPackBits:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// The fewest bits that a row takes in a file; of Group 4, where a repeated row takes a single bit,
+/// what a row with something on it takes.
+std::uint64_t FewestBitsOfRow(const TifPage& page)
+{
+    const std::uint64_t rowBytes = BytesPerRow(page.depth, page.width);
+    switch (page.compression) {
+    case TifCompression::kNone:
+        return 8 * rowBytes;
+    case TifCompression::kPackBits:
+        return 2 * 8 * ((rowBytes + 127) / 128); // Two bytes repeat up to 128.
+    case TifCompression::kModifiedHuffman:
+        return 8 + 12 * (page.width / 2560); // The longest run's code.
+    case TifCompression::kLzw:
+        return 1 + 12 * (rowBytes / 3838); // The longest string's code.
+    default:
+        return 64;
+    }
+}
+
+/// Whether a file so short can be what is left of this picture. A file that was cut off is read as
+/// far as it goes, but nobody waits for billions of rows that a handful of bytes promises.
+bool IsWorthReading(const TifPage& page, std::uint64_t fileBytes)
+{
+    constexpr std::uint64_t kSmallPictureBytes = 16 * 1024 * 1024;
+    constexpr std::uint64_t kSmallestPart = 1024; ///< A 1024th of the picture will do.
+    const std::uint64_t rowBytes = BytesPerRow(page.depth, page.width);
+    if (rowBytes * page.height <= kSmallPictureBytes)
+        return true;
+    return FewestBitsOfRow(page) * page.height / 8 / kSmallestPart <= fileBytes;
+}
+
+ImageResult CheckPage(const TifPage& page, std::uint64_t fileBytes)
+{
+    if (!IsKnownCompression(page.compression))
+        return ImageResult::UnsupportedTifFormat;
+    if (page.width == 0 || page.height == 0)
+        return ImageResult::TifFormatError;
+    const std::uint32_t rowsPerStrip = page.RowsPerStrip();
+    const std::uint32_t strips = page.height / rowsPerStrip + (page.height % rowsPerStrip != 0);
+    if (page.strips.Count() < strips)
+        return ImageResult::TifFormatError;
+    if (BytesPerRow(page.depth, page.width) > kMaxRowBytes)
+        return ImageResult::UnsupportedTifFormat;
+    return IsWorthReading(page, fileBytes) ? ImageResult::Ok : ImageResult::CantReadTif;
+}
+
+} // namespace
+
+ImageResult ReadTifPage(const PositionalFile& file, ByteOrder order, std::uint64_t& position,
+    const std::filesystem::path& iccFile, TifPage& page)
+{
+    page = TifPage{};
+    PageParser parser(file, order, iccFile, page);
+    const ImageResult result = parser.ReadEntries(position);
+    return result == ImageResult::Ok ? CheckPage(page, file.Size()) : result;
+}
+
+} // namespace vireo
