@@ -23,5 +23,6 @@ Command HeaderCommand();
 Command AnalyseCommand();
 Command RenderCommand();
 Command ExportCommand();
+Command ErrorCommand();
 
 } // namespace vireo

@@ -54,7 +54,30 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
         UsageRow{"unknown camera", {"render", "a.con", "-o", "a.png", "--camera", "I"}},
         UsageRow{"unknown colour", {"render", "a.con", "-o", "a.png", "--color", "pink"}},
         UsageRow{"unknown paper", {"render", "a.con", "-o", "a.pdf", "--page", "A5"}},
+        UsageRow{"error code of letters", {"error", "0x65"}},
         UsageRow{"no zoom", {"render", "a.con", "-o", "a.png", "--zoom", "0"}}));
+
+TEST(Error, PrintsTheRowOfACode)
+{
+    struct Row {
+        std::vector<std::string> arguments;
+        const char* output;
+    };
+    for (const Row& row : {Row{{"error", "850"},
+                               R"({"code":850,"severity":0,"class":"User Correctable",)"
+                               R"("text":"Paper jam. Please reinsert sheet and try again."})"},
+             Row{{"error", "--plate", "850"},
+                 R"({"code":850,"severity":0,"class":"User Correctable",)"
+                 R"("text":"Table jam. Please reposition plate and try again."})"}}) {
+        const ProgramRun run = RunCli(row.arguments);
+        EXPECT_EQ(run.exitStatus, 0);
+        EXPECT_EQ(run.output, row.output + std::string("\n"));
+    }
+    const ProgramRun unknown = RunCli({"error", "102"});
+    EXPECT_EQ(unknown.exitStatus, 1);
+    EXPECT_EQ(unknown.output, "");
+    EXPECT_EQ(unknown.error, "vireo-cli: 102: no such error code\n");
+}
 
 TEST(Usage, TellsTheVersion)
 {

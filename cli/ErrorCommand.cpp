@@ -1,0 +1,52 @@
+#include "cli/Command.h"
+#include "cli/CommandLineReader.h"
+#include "cli/Program.h"
+#include "cli/json/Json.h"
+#include "errors/ErrorTable.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <limits>
+#include <string>
+
+namespace vireo {
+
+namespace {
+
+void AddOptions(CLI::App& command, Settings& settings)
+{
+    command.add_option("CODE", settings.errorCode, "The error code, in decimal digits")
+        ->required()
+        ->transform(WholeNumber(0, std::numeric_limits<std::uint32_t>::max()))
+        ->type_name("");
+    command.add_flag(
+        "--plate", settings.plateScanner, "The text for scanners with a plate on a moving table");
+}
+
+int Run(const Settings& settings)
+{
+    const ErrorRow* const row = FindError(settings.errorCode);
+    if (!row) {
+        PrintError(
+            kCommandLineProgram, std::to_string(settings.errorCode) + ": no such error code");
+        return kExitFileFailed;
+    }
+    Json object;
+    object["code"] = row->code;
+    object["severity"] = row->severity;
+    object["class"] = FileText(ErrorClassName(row->severity));
+    object["text"] =
+        FileText(row->TextFor(settings.plateScanner ? ScannerFeed::Plate : ScannerFeed::Sheet));
+    std::puts(ToLine(object).c_str());
+    return std::fflush(stdout) == 0 ? kExitDone : kExitFileFailed;
+}
+
+} // namespace
+
+Command ErrorCommand()
+{
+    return {"error", "What an error code of the scanner software means", AddOptions, Run};
+}
+
+} // namespace vireo

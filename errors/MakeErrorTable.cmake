@@ -1,0 +1,27 @@
+# Makes the rows of the error table from the readable file of error codes:
+#   cmake -DINPUT=error-codes.txt -DOUTPUT=ErrorRows.inc -P MakeErrorTable.cmake
+#
+# Lines are cut off one by one: as a CMake list, texts with semicolons or brackets would fall apart.
+file(READ "${INPUT}" rest)
+set(rows "")
+set(open_row "")
+while(NOT rest STREQUAL "")
+  string(FIND "${rest}" "\n" end)
+  if(end EQUAL -1)
+    message(FATAL_ERROR "${INPUT}: the last line has no end")
+  endif()
+  string(SUBSTRING "${rest}" 0 ${end} line)
+  math(EXPR next "${end} + 1")
+  string(SUBSTRING "${rest}" ${next} -1 rest)
+  if(line MATCHES "^([0-9]+) ([0-3]) (\".*\")$")
+    string(APPEND rows "${open_row}")
+    set(start "    {${CMAKE_MATCH_1}, ${CMAKE_MATCH_2}, ${CMAKE_MATCH_3}, ")
+    set(open_row "${start}${CMAKE_MATCH_3}},\n")
+  elseif(line MATCHES "^    plate: (\".*\")$" AND NOT open_row STREQUAL "")
+    string(APPEND rows "${start}${CMAKE_MATCH_1}},\n")
+    set(open_row "")
+  elseif(NOT line MATCHES "^(#.*)?$")
+    message(FATAL_ERROR "${INPUT}: not a line of the table: ${line}")
+  endif()
+endwhile()
+file(WRITE "${OUTPUT}" "${rows}${open_row}")
