@@ -4,6 +4,7 @@
 #include "resources/ControlIds.h"
 #include "resources/StringTable.h"
 #include "viewers/controls/CAboutDlg.h"
+#include "viewers/controls/Placement.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/Resources.h"
 
@@ -11,10 +12,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
-#include <QScreen>
 #include <QShowEvent>
-
-#include <algorithm>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -126,12 +124,8 @@ void CViewerDialog::OnAbout()
 
 void CViewerDialog::showEvent(QShowEvent* event)
 {
-    if (!event->spontaneous() && !testAttribute(Qt::WA_Moved)) {
-        const QRect desktop = screen()->availableGeometry();
-        const QPoint centred = desktop.center() - rect().center();
-        // A dialog larger than the desktop keeps its upper left corner on it.
-        move(std::max(centred.x(), desktop.left()), std::max(centred.y(), desktop.top()));
-    }
+    if (!event->spontaneous() && !testAttribute(Qt::WA_Moved))
+        CentreOnDesktop(*this);
     QDialog::showEvent(event);
 }
 
