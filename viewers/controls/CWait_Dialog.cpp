@@ -79,7 +79,8 @@ bool CWait_Dialog::Run(const std::function<void(WorkProgress&)>& work)
         } catch (...) {
             fault = std::current_exception();
         }
-        QMetaObject::invokeMethod(this, [this] { m_bEnded = true; }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { m_bEnded = true; }, Qt::QueuedConnection);
     });
     WaitForEnd();
     worker.join();

@@ -70,8 +70,8 @@ TEST(CWait_Dialog, WorkRunsBesideTheDialogAndItsBarFollows)
 TEST(CWait_Dialog, AnUnknownTotalShowsABusyBar)
 {
     CWait_Dialog dialog("t", "text");
-    EXPECT_TRUE(SlowRun(dialog).Run(
-        [&] { EXPECT_EQ(dialog.findChild<QProgressBar*>()->maximum(), 0); }));
+    EXPECT_TRUE(
+        SlowRun(dialog).Run([&] { EXPECT_EQ(dialog.findChild<QProgressBar*>()->maximum(), 0); }));
 }
 
 TEST(CWait_Dialog, ShortWorkShowsNothing)
@@ -104,7 +104,7 @@ TEST_P(ClosingTest, AsksTheWorkToStopAndWaitsForIt)
     EXPECT_EQ(ended, !GetParam().cancels);
     EXPECT_EQ(run.SawCancel(), GetParam().cancels);
     EXPECT_FALSE(dialog.isVisible());
-    EXPECT_TRUE(dialog.Run([](WorkProgress&) { })) << "the next run begins anew";
+    EXPECT_TRUE(dialog.Run([](WorkProgress&) {})) << "the next run begins anew";
 }
 
 void ClickCancel(CWait_Dialog& dialog)
@@ -114,8 +114,7 @@ void ClickCancel(CWait_Dialog& dialog)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ClosingTest,
-    testing::Values(
-        ClosingCase{"Button", CWait_Dialog::Cancelling::Offered, ClickCancel, true},
+    testing::Values(ClosingCase{"Button", CWait_Dialog::Cancelling::Offered, ClickCancel, true},
         ClosingCase{"Escape", CWait_Dialog::Cancelling::Offered,
             [](CWait_Dialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }, true},
         ClosingCase{"Window", CWait_Dialog::Cancelling::Offered,
