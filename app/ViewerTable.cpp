@@ -3,6 +3,7 @@
 #include "app/FileKind.h"
 #include "app/FileMessage.h"
 #include "platform/Message.h"
+#include "viewers/controls/PictureMark.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,6 +11,8 @@
 namespace vireo {
 
 namespace {
+constexpr std::string_view kPictureViewer = "CPictureView_Dialog";
+
 /// Dialogs that no section tag opens, and what is said while they are missing.
 struct OtherViewer {
     std::string_view viewer;
@@ -18,7 +21,7 @@ struct OtherViewer {
 constexpr OtherViewer kOtherViewers[] = {
     {"CLPF_Dialog", "Vireo cannot run the live light profile test yet."},
     {"CNCTest_Dialog", "Vireo cannot run the live noise check yet."},
-    {"CPictureView_Dialog", "Vireo cannot show TIFF pictures yet."},
+    {kPictureViewer, "Vireo cannot show TIFF pictures yet."},
 };
 
 std::string NoViewerText(std::string_view viewer)
@@ -52,6 +55,16 @@ bool ViewerTable::OpenViewer(
         return false;
     }
     row->run(file, *this, parent);
+    return true;
+}
+
+bool ViewerTable::OpenPicture(const MarkedPicture& picture, QWidget* parent)
+{
+    if (!m_runPictureViewer) {
+        ShowNoViewer(kPictureViewer, picture.file);
+        return false;
+    }
+    m_runPictureViewer(picture, parent);
     return true;
 }
 

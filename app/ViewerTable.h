@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class QWidget;
@@ -17,14 +18,19 @@ namespace vireo {
 using RunViewer =
     std::function<void(const std::filesystem::path& file, ViewerHost& host, QWidget* parent)>;
 
+/// The same for a picture with marks.
+using RunPictureViewer = std::function<void(const MarkedPicture& picture, QWidget* parent)>;
+
 /// The program's viewers by the names of their dialog classes.
 class ViewerTable : public ViewerHost {
 public:
     void Add(std::string_view viewer, RunViewer run);
+    void SetPictureViewer(RunPictureViewer run) { m_runPictureViewer = std::move(run); }
     bool Has(std::string_view viewer) const;
 
     bool OpenViewer(
         std::string_view viewer, const std::filesystem::path& file, QWidget* parent) override;
+    bool OpenPicture(const MarkedPicture& picture, QWidget* parent) override;
 
     /// Tells the user, in one message, that there is no such viewer yet.
     static void ShowNoViewer(std::string_view viewer, const std::filesystem::path& file);
@@ -37,6 +43,7 @@ private:
     const Row* Find(std::string_view viewer) const;
 
     std::vector<Row> m_rows;
+    RunPictureViewer m_runPictureViewer;
 };
 
 /// Every viewer that this program has.

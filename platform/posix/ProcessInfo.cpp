@@ -21,6 +21,15 @@ std::optional<std::int64_t> PeakMemoryKilobytes()
 #endif
 }
 
+std::optional<std::uint64_t> MachineMemoryBytes()
+{
+    const auto pages = sysconf(_SC_PHYS_PAGES);
+    const auto pageBytes = sysconf(_SC_PAGESIZE);
+    if (pages <= 0 || pageBytes <= 0)
+        return std::nullopt;
+    return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageBytes);
+}
+
 namespace {
 
 constexpr const char* kStartVariable = "VIREO_PROCESS_START_NS";

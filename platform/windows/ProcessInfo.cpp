@@ -16,6 +16,15 @@ std::optional<std::int64_t> PeakMemoryKilobytes()
     return static_cast<std::int64_t>(counters.PeakWorkingSetSize / kBytesPerKilobyte);
 }
 
+std::optional<std::uint64_t> MachineMemoryBytes()
+{
+    MEMORYSTATUSEX status = {};
+    status.dwLength = sizeof(status);
+    if (!GlobalMemoryStatusEx(&status))
+        return std::nullopt;
+    return status.ullTotalPhys;
+}
+
 void NoteProcessStart(char* const*)
 {
     // The system keeps the start of every process to 100 ns.

@@ -1,6 +1,7 @@
 #include "app/FileKind.h"
 #include "app/ViewerTable.h"
 #include "platform/Message.h"
+#include "viewers/controls/PictureMark.h"
 
 #include <gtest/gtest.h>
 
@@ -22,6 +23,22 @@ TEST(ViewerTableTest, AViewerIsGivenTheFileTheTableAndTheParent)
     EXPECT_TRUE(table.OpenViewer("CStarTest_Dialog", "run.con", nullptr));
     EXPECT_EQ(opened, "run.con");
     EXPECT_EQ(host, &table);
+}
+
+TEST(ViewerTableTest, APictureWithMarksGoesToThePictureViewer)
+{
+    ViewerTable table;
+    const MarkedPicture picture{"raw.tif", {{3, 4}, {5, 6}}, {7, 8}};
+    MessageRecorder messages;
+    EXPECT_FALSE(table.OpenPicture(picture, nullptr));
+    EXPECT_EQ(messages.Messages().size(), 1U);
+    MarkedPicture shown;
+    table.SetPictureViewer([&](const MarkedPicture& given, QWidget*) { shown = given; });
+    EXPECT_TRUE(table.OpenPicture(picture, nullptr));
+    EXPECT_EQ(shown.file, "raw.tif");
+    EXPECT_EQ(shown.marks.size(), 2U);
+    EXPECT_EQ(shown.middle.line, 8);
+    EXPECT_EQ(messages.Messages().size(), 1U);
 }
 
 TEST(ViewerTableTest, AMissingViewerGivesOneMessageWithTheKindAndTheFile)

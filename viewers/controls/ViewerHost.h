@@ -7,6 +7,8 @@ class QWidget;
 
 namespace vireo {
 
+struct MarkedPicture;
+
 /// By whom one viewer opens another without knowing it: the program's table of viewers.
 class ViewerHost {
 public:
@@ -16,6 +18,9 @@ public:
     /// that does not exist yet gives one message that names the kind; the result is then false.
     virtual bool OpenViewer(
         std::string_view viewer, const std::filesystem::path& file, QWidget* parent) = 0;
+
+    /// Opens the picture viewer modally on a picture with marks and returns when it has closed.
+    virtual bool OpenPicture(const MarkedPicture& picture, QWidget* parent) = 0;
 };
 
 } // namespace vireo

@@ -37,6 +37,7 @@ public:
         m_bParentWasHidden = !parent || !parent->isVisible();
         return true;
     }
+    bool OpenPicture(const MarkedPicture&, QWidget*) override { return false; }
 
     std::vector<std::string> m_opened;
     bool m_bParentWasHidden = false;
