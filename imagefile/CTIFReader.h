@@ -51,6 +51,8 @@ public:
     /// Meaningful when ColorMapEntries() is not 0.
     std::span<const TifPage::Color, 256> ColorMap() const { return m_Page.colorMap; }
     std::size_t RowBytes() const { return m_uRowBytes; }
+    /// All that the page says; its strips are known while it is open.
+    const TifPage& Entries() const { return m_Page; }
 
 private:
     ImageResult OpenFile(const std::filesystem::path& iccFile);

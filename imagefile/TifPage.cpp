@@ -435,6 +435,7 @@ ImageResult ReadTifPage(const PositionalFile& file, ByteOrder order, std::uint64
     const std::filesystem::path& iccFile, TifPage& page)
 {
     page = TifPage{};
+    page.order = order;
     PageParser parser(file, order, iccFile, page);
     const ImageResult result = parser.ReadEntries(position);
     return result == ImageResult::Ok ? CheckPage(page, file.Size()) : result;

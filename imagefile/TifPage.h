@@ -33,8 +33,9 @@ struct TifPage {
         std::uint8_t red = 0, green = 0, blue = 0;
     };
 
-    std::uint32_t width = 0;  ///< Pixels.
-    std::uint32_t height = 0; ///< Rows.
+    ByteOrder order = ByteOrder::Little; ///< Of the file, and so of its 16-bit samples.
+    std::uint32_t width = 0;             ///< Pixels.
+    std::uint32_t height = 0;            ///< Rows.
     ColorDepth depth = ColorDepth::Bilevel;
     std::uint16_t compression = TifCompression::kNone;
     std::uint16_t photometric = kNoPhotometric;
