@@ -2,6 +2,8 @@
 
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
+#include "samples/StarTestSamples.h"
+#include "viewers/startest/StarTestWriter.h"
 
 #include <algorithm>
 #include <fstream>
@@ -93,18 +95,43 @@ bool WriteBigNoise(bool isGray, std::uint64_t bytes, const std::filesystem::path
     return stream.flush().good();
 }
 
+/// Sweeps like those of the sample, longer and of as many as the bytes allow.
+bool WriteBigStarTest(std::uint64_t bytes, const std::filesystem::path& path)
+{
+    constexpr std::int32_t kLines = 20'000;
+    constexpr std::uint64_t kBytesPerLine = 56; // About; the numbers grow with the lines.
+    constexpr std::uint64_t kMostSweeps = 4096;
+    const std::uint64_t sweeps = std::max<std::uint64_t>(bytes / (kLines * kBytesPerLine), 1);
+    if (sweeps > kMostSweeps)
+        return false;
+    std::ofstream stream(path, std::ios::binary);
+    const auto write = [&stream](std::string_view text) {
+        stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+        return stream.good() ? FileStatus::Ok : FileStatus::Failed;
+    };
+    FileStatus status =
+        write(StarTestFileStart(TestFileHeader(), static_cast<std::size_t>(sweeps), 0));
+    for (std::uint64_t i = 0; i < sweeps && status == FileStatus::Ok; ++i) {
+        const SweepSetup setup{kLines, 600, static_cast<std::int32_t>(2 + i % 5), kLines / 3};
+        status = WriteStarTestSweep(MakeSweep(setup, i), write);
+    }
+    return status == FileStatus::Ok && stream.flush().good();
+}
+
 } // namespace
 
 std::string_view BigFileKinds()
 {
     return "oscilloscope oscilloscope-gray oscilloscope-line oscilloscope-gray-line noise "
-           "noise-gray";
+           "noise-gray startest";
 }
 
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path)
 {
     if (kind == "noise" || kind == "noise-gray")
         return WriteBigNoise(kind == "noise-gray", bytes, path);
+    if (kind == "startest")
+        return WriteBigStarTest(bytes, path);
     const auto row = std::find_if(std::begin(kKinds), std::end(kKinds),
         [kind](const BigKind& known) { return known.name == kind; });
     if (row == std::end(kKinds))

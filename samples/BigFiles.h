@@ -13,7 +13,8 @@ std::string_view BigFileKinds();
 /// least one). The kinds: "oscilloscope", colour lines of four cameras and 21,600 pixels;
 /// "oscilloscope-gray", the same in gray; "oscilloscope-line", one single colour line of four
 /// cameras; "oscilloscope-gray-line", the same in gray; "noise", one colour noise line, and
-/// "noise-gray", the same in gray. Oscilloscope lines are streamed: any number needs little memory.
+/// "noise-gray", the same in gray; "startest", sweeps of
+/// 20,000 lines. Oscilloscope lines and sweeps are streamed: any number needs little memory.
 /// Returns false for an unknown kind and when writing fails.
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path);
 

@@ -2,6 +2,7 @@
 
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
+#include "samples/StarTestSamples.h"
 
 namespace vireo {
 
@@ -9,6 +10,8 @@ std::vector<SampleFile> AllSamples()
 {
     std::vector<SampleFile> files = OscilloscopeSamples();
     for (SampleFile& file : NoiseSamples())
+        files.push_back(std::move(file));
+    for (SampleFile& file : StarTestSamples())
         files.push_back(std::move(file));
     return files;
 }
