@@ -92,6 +92,21 @@ std::optional<std::string_view> ProfileText::Find(
     return WithoutQuotes(line->value);
 }
 
+std::optional<std::vector<ProfileText::Entry>> ProfileText::Entries(std::string_view section) const
+{
+    const auto found = FindSection(section);
+    if (!found)
+        return std::nullopt;
+    std::vector<Entry> entries;
+    for (std::size_t position = found->linesBegin; position < found->whole.end;) {
+        const Line line = LineAt(position);
+        position = line.whole.end;
+        if (line.kind == LineKind::Key)
+            entries.push_back({line.name, WithoutQuotes(line.value)});
+    }
+    return entries;
+}
+
 namespace {
 
 bool IsSectionName(std::string_view name)

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vireo {
 
@@ -19,6 +20,15 @@ public:
     /// The value of a key without blanks and quotes around it; nothing when the section or the key
     /// is missing.
     std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
+
+    /// A key with its value, both without blanks around them and the value without its quotes.
+    struct Entry {
+        std::string_view key;
+        std::string_view value;
+    };
+    /// All keys of a section in the order of the text, for readers of many keys: the first of a
+    /// name is the one that counts. Nothing when the section is missing.
+    std::optional<std::vector<Entry>> Entries(std::string_view section) const;
 
     /// Sets a key, adding section and key when they are missing. False, and no change, for names
     /// that would not be found again, such as a key with a '='. Line ends in the value become

@@ -3,6 +3,7 @@
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
+#include "samples/TonalSamples.h"
 
 namespace vireo {
 
@@ -12,6 +13,8 @@ std::vector<SampleFile> AllSamples()
     for (SampleFile& file : NoiseSamples())
         files.push_back(std::move(file));
     for (SampleFile& file : StarTestSamples())
+        files.push_back(std::move(file));
+    for (SampleFile& file : TonalSamples())
         files.push_back(std::move(file));
     return files;
 }

@@ -1,4 +1,5 @@
 #include "platform/AtomicFile.h"
+#include "tests/FileSizeLimit.h"
 #include "tests/TempFolder.h"
 
 #include <vector>
@@ -124,27 +125,6 @@ TEST(AtomicFile, AFolderThatTakesNoFiles)
     ASSERT_EQ(chmod(folder.Path().c_str(), 0700), 0);
     EXPECT_EQ(TempFolder::Read(target), "old");
 }
-
-/// Lets no file of this process grow beyond a size, while it lives, as a full disk does.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit = {bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_before = {};
-    void (*m_handler)(int) = nullptr;
-};
 
 TEST(AtomicFile, AWriteThatFailsHalfway)
 {
