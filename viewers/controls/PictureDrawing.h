@@ -1,0 +1,38 @@
+#pragma once
+
+#include "viewers/controls/PictureRows.h"
+#include "viewers/controls/PictureView.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace vireo {
+
+class PicturePyramid;
+
+/// What a drawing is made from. Without a pyramid, and while it is being built, a picture drawn
+/// very small is only sampled.
+struct PictureContent {
+    const PictureRows* rows = nullptr; ///< Null draws nothing but white.
+    const PicturePyramid* pyramid = nullptr;
+};
+
+/// 32-bit pixels 0xFFRRGGBB in memory, as QImage::Format_RGB32 has them.
+struct PixelTarget {
+    std::uint32_t* pixels = nullptr;
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    std::ptrdiff_t pixelsPerRow = 0;
+};
+
+/// Exact: every drawn pixel is made from all the picture pixels it stands for. Fast: where that
+/// would take long, a coarser level of the pyramid is drawn larger; for views that change quickly.
+enum class PictureQuality { Exact, Fast };
+
+/// Draws what a view shows of a picture; what is outside the picture is white. The target is as
+/// large as the view. From zoom 1 up pixels are squares with sharp edges, below 1 they are reduced
+/// so that nothing thin gets lost. False when the drawing is worse than exact.
+bool DrawPicture(const PictureContent& content, const PictureView& view, const PixelTarget& target,
+    PictureQuality quality = PictureQuality::Exact);
+
+} // namespace vireo

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace vireo {
+
+// Reducing a picture so that no thin line gets lost.
+//
+// Drawn small, one pixel stands for a block of pixels. Its value is their mean, so that noise,
+// texture and edges look as from a distance. Only where the block holds something that would
+// vanish, its value is that extreme itself: something clearly darker (or lighter) than the mean,
+// which no block around it shows. Of both, the one farther from the mean. How clearly is measured
+// against the blocks around: noise is everywhere, a line leaves some of them calm.
+
+/// Mean, lowest and highest value of the blocks of one row of blocks, side by side.
+struct BlockRow {
+    explicit BlockRow(std::size_t count = 0) : mean(count), lowest(count), highest(count) { }
+
+    std::vector<std::uint8_t> mean;
+    std::vector<std::uint8_t> lowest;
+    std::vector<std::uint8_t> highest;
+};
+
+/// Most rows that a block may have.
+inline constexpr std::size_t kMostBlockRows = 64;
+
+/// The blocks that are one pixel wide and as high as there are rows: 1 to kMostBlockRows. `blocks`
+/// gets the first `width` entries of `offset` on.
+void SumUpRows(std::span<const std::uint8_t* const> rows, std::size_t width, BlockRow& blocks,
+    std::size_t offset = 0);
+
+/// Joins blocks 2i and 2i + 1 of a row into one; an odd last one stays alone.
+class ColumnHalver {
+public:
+    /// Halves the first `count` blocks `times` times in place; gives how many are left.
+    std::size_t Halve(BlockRow& blocks, std::size_t count, int times);
+
+private:
+    BlockRow m_half;
+};
+
+/// Chooses the value of each block of a row by itself and the blocks around it.
+class BlockPicker {
+public:
+    /// `count` blocks from `offset` on; `above` and `below` are `here` at the picture's edges.
+    void Pick(const BlockRow& above, const BlockRow& here, const BlockRow& below,
+        std::size_t offset, std::size_t count, std::uint8_t* values);
+
+private:
+    // Over the blocks around: lowest and highest mean, smallest range. One entry more at each end.
+    std::vector<std::uint8_t> m_darkest;
+    std::vector<std::uint8_t> m_lightest;
+    std::vector<std::uint8_t> m_calmest;
+};
+
+/// Reorders a row of red, green, blue, red ... into all red, all green, all blue. `scratch` may be
+/// anything.
+void SplitChannels(std::span<std::uint8_t> row, std::vector<std::uint8_t>& scratch);
+
+/// Runs over the rows of blocks first <= i < end of `count` in all, and hands out each with its
+/// neighbours. `make` sums a row up, in order and once each; `take` gets rows above, at and below
+/// i. Stops when `take` returns false.
+class BlockRowRun {
+public:
+    using Make = std::function<void(std::int64_t row, BlockRow& blocks)>;
+    using Take = std::function<bool(
+        std::int64_t row, const BlockRow& above, const BlockRow& here, const BlockRow& below)>;
+
+    /// Rows with room for `blocks` blocks.
+    explicit BlockRowRun(std::size_t blocks);
+    void Run(std::int64_t first, std::int64_t end, std::int64_t count, const Make& make,
+        const Take& take);
+
+private:
+    BlockRow m_rows[3];
+};
+
+} // namespace vireo
