@@ -152,27 +152,25 @@ using RowPointers = std::array<const std::uint8_t*, kMostBlockRows>;
 /// Builds the first level, in chunks of rows that the threads take one after the other.
 class PicturePyramid::Work {
 public:
-    explicit Work(PicturePyramid& pyramid)
+    Work(PicturePyramid& pyramid, WorkProgress& progress)
         : m_pyramid(pyramid),
+          m_progress(progress),
           m_isDone(static_cast<std::size_t>(DivideUp(First().height, kChunkRows)))
     {
+        progress.SetTotal(m_isDone.size());
     }
 
-    /// Takes chunks until there is none left; `report` may be empty.
-    void Run(const WorkReport& report)
+    /// Takes chunks until there is none left.
+    void Run()
     {
         Reader reader(m_pyramid.m_rows, First());
         for (std::size_t chunk = m_next++; chunk < m_isDone.size(); chunk = m_next++) {
             BuildChunk(reader, static_cast<std::int64_t>(chunk) * kChunkRows);
-            if (m_isStopped)
+            if (m_progress.IsCancelled())
                 return;
             MarkDone(chunk);
-            if (report && !report(Share()))
-                m_isStopped = true;
         }
     }
-
-    bool IsStopped() const { return m_isStopped; }
 
 private:
     static constexpr std::int64_t kChunkRows = 64;
@@ -233,7 +231,7 @@ private:
             [&](std::int64_t row, const BlockRow& above, const BlockRow& here,
                 const BlockRow& below) {
                 reader.Maker().Pick(above, here, below, level.pixels.get() + row * level.rowBytes);
-                return !m_isStopped;
+                return !m_progress.IsCancelled();
             });
     }
 
@@ -241,7 +239,7 @@ private:
     {
         const std::lock_guard lock(m_mutex);
         m_isDone[chunk] = true;
-        ++m_doneCount;
+        m_progress.Add(1);
         while (m_leading < m_isDone.size() && m_isDone[m_leading])
             ++m_leading;
         m_pyramid.m_rowsDone.store(
@@ -249,37 +247,36 @@ private:
             std::memory_order_release);
     }
 
-    double Share()
-    {
-        const std::lock_guard lock(m_mutex);
-        return static_cast<double>(m_doneCount) / static_cast<double>(m_isDone.size());
-    }
-
     PicturePyramid& m_pyramid;
+    WorkProgress& m_progress;
     std::atomic<std::size_t> m_next = 0;
-    std::atomic<bool> m_isStopped = false;
     std::mutex m_mutex;
     std::vector<bool> m_isDone;
-    std::size_t m_doneCount = 0;
     std::size_t m_leading = 0; ///< All chunks before this one are done.
 };
 
-bool PicturePyramid::Build(unsigned threads, const WorkReport& report)
+bool PicturePyramid::Build(WorkProgress& progress, unsigned threads)
 {
     if (m_levels.empty())
         return true;
-    Work work(*this);
+    Work work(*this, progress);
     {
         std::vector<std::jthread> helpers;
         for (unsigned i = 1; i < threads; ++i)
-            helpers.emplace_back([&work] { work.Run({}); });
-        work.Run(report);
+            helpers.emplace_back([&work] { work.Run(); });
+        work.Run();
     }
-    if (work.IsStopped())
+    if (progress.IsCancelled())
         return false;
     BuildUpperLevels();
     m_isComplete.store(true, std::memory_order_release);
     return true;
+}
+
+bool PicturePyramid::Build(unsigned threads)
+{
+    WorkProgress unwatched;
+    return Build(unwatched, threads);
 }
 
 void PicturePyramid::BuildUpperLevels()

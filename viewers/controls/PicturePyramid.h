@@ -1,17 +1,14 @@
 #pragma once
 
+#include "platform/WorkProgress.h"
 #include "viewers/controls/PictureRows.h"
 
 #include <atomic>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <vector>
 
 namespace vireo {
-
-/// Told how much of a long work is done, from 0 to 1; returns whether to go on.
-using WorkReport = std::function<bool(double share)>;
 
 /// A picture at a few reduced sizes, so that any part of it is drawn small from about as many
 /// pixels as the drawing has. Nothing thin gets lost on the way: see PictureReduction.h.
@@ -44,8 +41,10 @@ public:
     /// Whether there is anything to build: neither small nor absurdly large.
     bool HasLevels() const { return !m_levels.empty(); }
 
-    /// Fills the levels; once only. False when `report`, called on this thread only, ended it.
-    bool Build(unsigned threads = 1, const WorkReport& report = {});
+    /// Fills the levels; once only. False when it was cancelled.
+    bool Build(WorkProgress& progress, unsigned threads = 1);
+    /// The same for those who wait for it.
+    bool Build(unsigned threads = 1);
 
     /// From any thread: whether all levels may be used, and how many rows of the first one may.
     bool IsComplete() const { return m_isComplete.load(std::memory_order_acquire); }

@@ -39,12 +39,16 @@ public:
     }
     void SetCheap(bool isCheap) { m_isCheap = isCheap; }
 
+    std::function<void(std::int64_t firstRow)> whenRead; ///< Called before rows are read.
+
     std::int64_t Width() const override { return m_width; }
     std::int64_t Height() const override { return m_height; }
     int Channels() const override { return m_channels; }
     bool IsCheap() const override { return m_isCheap; }
     void Read(const PictureRect& rect, std::span<std::uint8_t> pixels) const override
     {
+        if (whenRead)
+            whenRead(rect.top);
         for (std::int64_t row = 0; row < rect.height; ++row) {
             const auto from = ((rect.top + row) * m_width + rect.left) * m_channels;
             std::copy_n(m_pixels.begin() + from, rect.width * m_channels,

@@ -259,7 +259,7 @@ TEST(PicturePyramid, IsTheSameWithAnyNumberOfThreads)
 
 TEST(PicturePyramid, KeepsToItsMemoryAndStopsWhenTold)
 {
-    const MemoryPicture picture = Numbered(3000, 2000);
+    MemoryPicture picture = Numbered(3000, 2000);
     for (const std::uint64_t bytes : {1'000'000, 420'000, 400'000, 90'000, 20'000}) {
         const PicturePyramid pyramid(picture, bytes);
         std::uint64_t held = 0;
@@ -269,12 +269,15 @@ TEST(PicturePyramid, KeepsToItsMemoryAndStopsWhenTold)
         EXPECT_LE(held, bytes);
     }
     PicturePyramid pyramid(picture);
-    double last = 0.0;
-    EXPECT_FALSE(pyramid.Build(1, [&last](double share) {
-        EXPECT_GT(share, last);
-        last = share;
-        return share < 0.3;
-    }));
+    WorkProgress progress;
+    picture.whenRead = [&](std::int64_t row) {
+        if (row >= 600)
+            progress.Cancel();
+    };
+    EXPECT_FALSE(pyramid.Build(progress));
+    EXPECT_GT(progress.Fraction(), 0.2);
+    EXPECT_LT(progress.Fraction(), 0.35);
+    picture.whenRead = {};
     EXPECT_FALSE(pyramid.IsComplete());
     EXPECT_GT(pyramid.RowsDone(), 0);
     EXPECT_LT(pyramid.RowsDone(), 500);
