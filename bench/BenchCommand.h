@@ -21,6 +21,7 @@ struct BenchCommand {
 BenchCommand LoadBench();
 BenchCommand PlotBench();
 BenchCommand FirstFrameBench();
+BenchCommand TiffDecodeBench();
 /// What is to be measured once the programs do it.
 BenchCommand FutureBench(const char* name);
 
@@ -28,5 +29,6 @@ BenchCommand FutureBench(const char* name);
 enum class Presence { Required, Optional };
 void AddBenchFile(CLI::App& command, BenchSettings& settings, Presence presence);
 void AddBenchOptions(CLI::App& command, BenchSettings& settings);
+void AddBenchPage(CLI::App& command, BenchSettings& settings);
 
 } // namespace vireo

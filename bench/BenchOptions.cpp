@@ -28,4 +28,12 @@ void AddBenchOptions(CLI::App& command, BenchSettings& settings)
         ->type_name("N");
 }
 
+void AddBenchPage(CLI::App& command, BenchSettings& settings)
+{
+    constexpr int kMostPages = 65'535;
+    command.add_option("--page", settings.page, "The page, counted from 1 (default: 1)")
+        ->transform(WholeNumber(1, kMostPages))
+        ->type_name("N");
+}
+
 } // namespace vireo

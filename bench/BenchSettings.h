@@ -3,6 +3,7 @@
 #include "app/FileKind.h"
 #include "cli/CommandLineReader.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -17,6 +18,7 @@ struct BenchSettings {
     int threads = 1;  ///< 1: no helper threads; 0: as many as the viewer uses.
     FileKind kind = FileKind::Unknown;
     std::optional<PictureSize> size;
+    std::uint32_t page = 1; ///< Of a TIFF file, counted from 1.
 };
 
 } // namespace vireo

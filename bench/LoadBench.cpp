@@ -1,7 +1,7 @@
 #include "bench/BenchCommand.h"
+#include "bench/Figures.h"
 #include "bench/Timing.h"
 #include "cli/json/Analysers.h"
-#include "cli/json/Json.h"
 #include "cli/json/Subject.h"
 #include "platform/Path.h"
 
@@ -26,30 +26,15 @@ FileResult Load(const std::string& file)
     return AnalyseFile(subject, {});
 }
 
-std::int64_t FileBytes(const std::string& file)
-{
-    PositionalFile opened;
-    return opened.Open(PathFromUtf8(file)) == FileStatus::Ok
-        ? static_cast<std::int64_t>(opened.Size())
-        : 0;
-}
-
 FileResult Run(const BenchSettings& settings)
 {
     if (FileResult first = Load(settings.file); !first.failure.empty())
         return {{}, std::move(first.failure)};
     const auto seconds = TimesOf(settings.repeat, [&] { Load(settings.file); });
 
-    constexpr double kBytesPerMegabyte = 1e6;
-    const std::int64_t bytes = FileBytes(settings.file);
-    Json object;
-    object["mb_per_s"] = static_cast<double>(bytes) / kBytesPerMegabyte / Median(seconds);
-    object["seconds_min"] = Smallest(seconds);
-    object["seconds_median"] = Median(seconds);
-    object["pixels_bytes"] = 0;
-    object["file_bytes"] = bytes;
-    object["threads"] = std::max(settings.threads, 1); // The viewer loads on one.
-    return {ToLine(object), {}};
+    // The viewer loads on one thread.
+    const std::int64_t bytes = FileBytes(PathFromUtf8(settings.file));
+    return {ToLine(FileFigures(seconds, bytes, std::max(settings.threads, 1))), {}};
 }
 
 } // namespace

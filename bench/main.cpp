@@ -27,8 +27,8 @@ int main(int argc, char** argv)
     vireo::NoteProcessStart(argv);
     vireo::SetUpStandardOutput();
     const vireo::BenchCommand commands[] = {vireo::LoadBench(), vireo::PlotBench(),
-        vireo::FirstFrameBench(), vireo::FutureBench("tiff-decode"),
-        vireo::FutureBench("tiff-encode"), vireo::FutureBench("startest")};
+        vireo::FirstFrameBench(), vireo::TiffDecodeBench(), vireo::FutureBench("tiff-encode"),
+        vireo::FutureBench("startest")};
     CLI::App app("How fast the viewer's own code is.", vireo::kBenchProgram);
     vireo::BenchSettings settings;
     for (const vireo::BenchCommand& command : commands)

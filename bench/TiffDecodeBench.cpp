@@ -1,0 +1,44 @@
+#include "bench/BenchCommand.h"
+#include "bench/Figures.h"
+#include "bench/TiffPicture.h"
+#include "bench/Timing.h"
+#include "cli/json/Json.h"
+#include "platform/Path.h"
+
+#include <CLI/CLI.hpp>
+
+namespace vireo {
+
+namespace {
+
+void AddOptions(CLI::App& command, BenchSettings& settings)
+{
+    AddBenchFile(command, settings, Presence::Required);
+    AddBenchOptions(command, settings);
+    AddBenchPage(command, settings);
+}
+
+FileResult Run(const BenchSettings& settings)
+{
+    const std::filesystem::path file = PathFromUtf8(settings.file);
+    TiffPicture picture;
+    const auto decode = [&] { return picture.Decode(file, settings.page); };
+    // The first time makes the picture's memory and finds out whether the file can be read.
+    if (const ImageResult result = decode(); result != ImageResult::Ok)
+        return {{}, std::string(Describe(result))};
+    ImageResult result = ImageResult::Ok;
+    const auto seconds = TimesOf(settings.repeat, [&] { result = decode(); });
+    if (result != ImageResult::Ok)
+        return {{}, std::string(Describe(result))};
+    return {ToLine(PixelFigures(seconds, picture.Bytes(), FileBytes(file), 1)), {}};
+}
+
+} // namespace
+
+BenchCommand TiffDecodeBench()
+{
+    return {"tiff-decode", "A page of a TIFF file, every row decoded into one picture", AddOptions,
+        Run};
+}
+
+} // namespace vireo

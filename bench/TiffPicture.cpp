@@ -1,0 +1,47 @@
+#include "bench/TiffPicture.h"
+
+#include "imagefile/CTIFReader.h"
+
+namespace vireo {
+
+ImageResult TiffPicture::Decode(const std::filesystem::path& file, std::uint32_t page)
+{
+    CTIFReader reader;
+    reader.SetFile(file);
+    reader.SetPage(page);
+    reader.SetReceiver(*this);
+    std::uint32_t rows = 0;
+    if (const ImageResult result = reader.Open(rows); result != ImageResult::Ok)
+        return result;
+    for (; rows != 0; --rows) {
+        if (const ImageResult result = reader.ReadLine(); result != ImageResult::Ok)
+            return result;
+    }
+    return reader.Close(0);
+}
+
+ImageResult TiffPicture::BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,
+    std::uint32_t resolution, std::uint32_t, std::uint32_t)
+{
+    m_depth = depth;
+    m_width = width;
+    m_height = height;
+    m_resolution = resolution;
+    m_rowBytes = static_cast<std::size_t>(BytesPerRow(depth, width));
+    m_row = 0;
+    m_pixels.resize(m_rowBytes * height);
+    return ImageResult::Ok;
+}
+
+std::uint8_t* TiffPicture::GetLineBuffer()
+{
+    return m_pixels.data() + m_row * m_rowBytes;
+}
+
+ImageResult TiffPicture::LineDone()
+{
+    ++m_row;
+    return ImageResult::Ok;
+}
+
+} // namespace vireo

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "imagefile/CImageReceiver.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace vireo {
+
+/// A picture in memory, for measuring.
+class TiffPicture : private CImageReceiver {
+public:
+    /// Reads a page, counted from 1, into this picture. Its memory is made the first time only, so
+    /// that later times measure decoding alone. Returns the first failure of a row.
+    ImageResult Decode(const std::filesystem::path& file, std::uint32_t page);
+
+    ColorDepth Depth() const { return m_depth; }
+    std::uint32_t Width() const { return m_width; }
+    std::uint32_t Height() const { return m_height; }
+    std::uint32_t Resolution() const { return m_resolution; }
+    std::size_t RowBytes() const { return m_rowBytes; }
+    std::size_t Bytes() const { return m_pixels.size(); }
+    const std::uint8_t* Row(std::size_t row) const { return m_pixels.data() + row * m_rowBytes; }
+
+private:
+    ImageResult BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,
+        std::uint32_t resolution, std::uint32_t, std::uint32_t) override;
+    std::uint8_t* GetLineBuffer() override;
+    ImageResult LineDone() override;
+    ImageResult EndImage(std::uint32_t) override { return ImageResult::Ok; }
+
+    std::vector<std::uint8_t> m_pixels;
+    ColorDepth m_depth = ColorDepth::Bilevel;
+    std::uint32_t m_width = 0;
+    std::uint32_t m_height = 0;
+    std::uint32_t m_resolution = 0;
+    std::size_t m_rowBytes = 0;
+    std::size_t m_row = 0;
+};
+
+} // namespace vireo
