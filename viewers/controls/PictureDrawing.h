@@ -2,9 +2,7 @@
 
 #include "viewers/controls/PictureRows.h"
 #include "viewers/controls/PictureView.h"
-
-#include <cstddef>
-#include <cstdint>
+#include "viewers/controls/PixelTarget.h"
 
 namespace vireo {
 
@@ -15,14 +13,6 @@ class PicturePyramid;
 struct PictureContent {
     const PictureRows* rows = nullptr; ///< Null draws nothing but white.
     const PicturePyramid* pyramid = nullptr;
-};
-
-/// 32-bit pixels 0xFFRRGGBB in memory, as QImage::Format_RGB32 has them.
-struct PixelTarget {
-    std::uint32_t* pixels = nullptr;
-    std::int64_t width = 0;
-    std::int64_t height = 0;
-    std::ptrdiff_t pixelsPerRow = 0;
 };
 
 /// Exact: every drawn pixel is made from all the picture pixels it stands for. Fast: where that

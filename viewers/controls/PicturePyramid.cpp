@@ -1,6 +1,6 @@
 #include "viewers/controls/PicturePyramid.h"
 
-#include "viewers/controls/PictureReduction.h"
+#include "viewers/controls/LevelMaker.h"
 
 #include <algorithm>
 #include <array>
@@ -84,66 +84,6 @@ void PicturePyramid::Plan(std::uint64_t mostBytes)
 }
 
 namespace {
-
-/// Makes rows of a level out of rows that lie in memory.
-class LevelMaker {
-public:
-    LevelMaker(std::int64_t sourceWidth, int channels, std::int64_t reduction)
-        : m_sourceWidth(static_cast<std::size_t>(sourceWidth)),
-          m_channels(static_cast<std::size_t>(channels)),
-          m_width(static_cast<std::size_t>(DivideUp(sourceWidth, reduction))),
-          m_paddedWidth(m_width * static_cast<std::size_t>(reduction)),
-          m_halvings(std::countr_zero(static_cast<std::uint64_t>(reduction)))
-    {
-    }
-
-    /// Entries that a row of blocks needs.
-    std::size_t BlockCount() const { return m_paddedWidth * m_channels; }
-
-    /// Sums up one row of blocks. A row holds its channels one behind the other.
-    void Make(std::span<const std::uint8_t* const> rows, BlockRow& blocks)
-    {
-        for (std::size_t channel = 0; channel < m_channels; ++channel) {
-            std::array<const std::uint8_t*, kMostBlockRows> of;
-            for (std::size_t i = 0; i < rows.size(); ++i)
-                of[i] = rows[i] + channel * m_sourceWidth;
-            const std::size_t offset = channel * m_paddedWidth;
-            SumUpRows(std::span(of).first(rows.size()), m_sourceWidth, blocks, offset);
-            // The last block is filled up with the last column.
-            for (std::vector<std::uint8_t>* const entries :
-                {&blocks.mean, &blocks.lowest, &blocks.highest}) {
-                std::uint8_t* const end = entries->data() + offset + m_sourceWidth;
-                std::fill_n(end, m_paddedWidth - m_sourceWidth, end[-1]);
-            }
-        }
-        m_halver.Halve(blocks, BlockCount(), m_halvings);
-    }
-    /// A row of blocks that no data cover.
-    static void MakeWhite(BlockRow& blocks)
-    {
-        for (std::vector<std::uint8_t>* const entries :
-            {&blocks.mean, &blocks.lowest, &blocks.highest})
-            std::fill(entries->begin(), entries->end(), PictureRows::kWhite);
-    }
-
-    /// Writes the pixels of a level's row.
-    void Pick(
-        const BlockRow& above, const BlockRow& here, const BlockRow& below, std::uint8_t* pixels)
-    {
-        for (std::size_t channel = 0; channel < m_channels; ++channel)
-            m_picker.Pick(
-                above, here, below, channel * m_width, m_width, pixels + channel * m_width);
-    }
-
-private:
-    std::size_t m_sourceWidth;
-    std::size_t m_channels;
-    std::size_t m_width;
-    std::size_t m_paddedWidth;
-    int m_halvings;
-    ColumnHalver m_halver;
-    BlockPicker m_picker;
-};
 
 using RowPointers = std::array<const std::uint8_t*, kMostBlockRows>;
 
