@@ -2,6 +2,7 @@
 #include "viewers/noise/CNCTest_Dialog.h"
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
+#include "viewers/picture/CPictureView_Dialog.h"
 
 #include <system_error>
 
@@ -30,6 +31,13 @@ ViewerTable ProgramViewers()
             ViewerTable::ShowNoViewer(kNoiseCheck, file);
         else
             CNCTest_Dialog(file, parent).exec();
+    });
+    viewers.Add(
+        "CPictureView_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CPictureView_Dialog(file, parent).exec();
+        });
+    viewers.SetPictureViewer([](const MarkedPicture& picture, QWidget* parent) {
+        CPictureView_Dialog(picture, parent).exec();
     });
     return viewers;
 }

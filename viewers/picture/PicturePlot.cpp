@@ -31,20 +31,25 @@ double ViewPlace(const PictureView& view, const PictureAxis& axis, std::int64_t 
         - static_cast<double>(view.FirstDrawn(axis));
 }
 
-/// The picture's edges in the view.
-QRectF PictureRectIn(const PictureView& view)
-{
-    return {QPointF(ViewX(view, 0), ViewY(view, 0)),
-        QPointF(std::ceil(static_cast<double>(view.x.picture) * view.zoom) + ViewX(view, 0),
-            std::ceil(static_cast<double>(view.y.picture) * view.zoom) + ViewY(view, 0))};
-}
-
 QRectF ViewRect(const PictureView& view)
 {
     return {0.0, 0.0, static_cast<double>(view.x.view), static_cast<double>(view.y.view)};
 }
 
-/// Draws over a picture, in the view's pixels.
+/// Shortens a view to a shorter picture; gives how far that begins behind its start.
+std::int64_t PlaceAxis(PictureAxis& axis, double zoom)
+{
+    const auto drawn =
+        static_cast<std::int64_t>(std::ceil(static_cast<double>(axis.picture) * zoom - 1e-9));
+    if (drawn >= axis.view)
+        return 0;
+    const std::int64_t start = (axis.view - drawn) / 2;
+    axis.view = drawn;
+    axis.centre = axis.Half(zoom);
+    return start;
+}
+
+/// Draws over a placed picture, in the view's pixels.
 class PictureOverlay {
 public:
     PictureOverlay(QPainter& painter, const PicturePlotContent& content)
@@ -52,13 +57,12 @@ public:
           m_content(content),
           m_view(content.view),
           m_unit(content.unit),
-          m_picture(PictureRectIn(content.view).intersected(ViewRect(content.view)))
+          m_picture(ViewRect(content.view))
     {
     }
 
     void Draw()
     {
-        DrawOutside();
         DrawMissing();
         DrawBoundaries();
         DrawMarks();
@@ -66,13 +70,6 @@ public:
     }
 
 private:
-    void DrawOutside()
-    {
-        const QRectF view = ViewRect(m_view);
-        m_painter.fillRect(QRectF(m_picture.topRight(), view.bottomRight()), kOutside);
-        m_painter.fillRect(QRectF(m_picture.bottomLeft(), view.bottomRight()), kOutside);
-    }
-
     void DrawMissing()
     {
         if (m_content.coveredRows >= m_view.y.picture)
@@ -178,7 +175,7 @@ private:
     const PicturePlotContent& m_content;
     const PictureView& m_view;
     const double m_unit;
-    const QRectF m_picture; ///< The part of the view that shows the picture.
+    const QRectF m_picture; ///< The view: all of it shows the picture.
 };
 
 } // namespace
@@ -193,10 +190,23 @@ double ViewY(const PictureView& view, std::int64_t row)
     return ViewPlace(view, view.y, row);
 }
 
+PlacedPicture PlacePicture(const PictureView& view)
+{
+    PlacedPicture placed{view};
+    placed.left = PlaceAxis(placed.view.x, view.zoom);
+    placed.top = PlaceAxis(placed.view.y, view.zoom);
+    return placed;
+}
+
 bool DrawPicturePlot(QPainter& painter, const QRectF& target, const PicturePlotContent& content,
     QImage& canvas, PictureQuality quality)
 {
-    const QSize size(static_cast<int>(content.view.x.view), static_cast<int>(content.view.y.view));
+    const PlacedPicture placed = PlacePicture(content.view);
+    const QSize size(static_cast<int>(placed.view.x.view), static_cast<int>(placed.view.y.view));
+    const bool isWhole =
+        placed.view.x.view == content.view.x.view && placed.view.y.view == content.view.y.view;
+    if (!isWhole || size.isEmpty())
+        painter.fillRect(target, kOutside);
     if (size.isEmpty())
         return true;
     if (canvas.size() != size)
@@ -205,13 +215,17 @@ bool DrawPicturePlot(QPainter& painter, const QRectF& target, const PicturePlotC
         return true;
     const PixelTarget pixels{reinterpret_cast<std::uint32_t*>(canvas.bits()), canvas.width(),
         canvas.height(), canvas.bytesPerLine() / 4};
-    const bool isExact = DrawPicture(content.picture, content.view, pixels, quality);
+    const bool isExact = DrawPicture(content.picture, placed.view, pixels, quality);
     painter.save();
-    painter.drawImage(target, canvas);
-    painter.setClipRect(target, Qt::IntersectClip);
     painter.translate(target.topLeft());
-    painter.scale(target.width() / size.width(), target.height() / size.height());
-    PictureOverlay(painter, content).Draw();
+    painter.scale(target.width() / static_cast<double>(content.view.x.view),
+        target.height() / static_cast<double>(content.view.y.view));
+    painter.translate(static_cast<double>(placed.left), static_cast<double>(placed.top));
+    painter.drawImage(QPointF(0.0, 0.0), canvas);
+    painter.setClipRect(QRectF(QPointF(0.0, 0.0), QSizeF(size)), Qt::IntersectClip);
+    PicturePlotContent over = content;
+    over.view = placed.view;
+    PictureOverlay(painter, over).Draw();
     painter.restore();
     return isExact;
 }

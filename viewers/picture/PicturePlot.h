@@ -32,8 +32,17 @@ struct PicturePlotContent {
     std::optional<PictureMark> middle; ///< The pixel that the marks are shown for.
 };
 
+/// A picture that is smaller than its view lies in the middle of it.
+struct PlacedPicture {
+    PictureView view; ///< Of the picture only, where it is smaller.
+    /// Where that begins in the view that was given, in its pixels.
+    std::int64_t left = 0;
+    std::int64_t top = 0;
+};
+PlacedPicture PlacePicture(const PictureView& view);
+
 /// Where pixels of the picture lie in a view, in the view's pixels: the left or upper edge of a
-/// column or row, as it is drawn.
+/// column or row, as it is drawn by a placed view.
 double ViewX(const PictureView& view, std::int64_t column);
 double ViewY(const PictureView& view, std::int64_t row);
 

@@ -203,6 +203,20 @@ std::string HoldingNote(const PictureData& data)
         BytesText(data.PixelBytes()).c_str(), data.KeptReduction());
 }
 
+std::string LoadingNote(const PictureData& data, bool isLoading)
+{
+    if (isLoading || data.Holding() == PictureHolding::Nowhere)
+        return HoldingNote(data);
+    std::string note = HoldingNote(data);
+    const std::int64_t covered = data.CoveredRows();
+    if (covered < data.Page().height) {
+        note.append(note.empty() ? "" : "\n");
+        note += Format("Rows %" PRId64 " to %" PRIu32 " %s.", covered, data.Page().height - 1,
+            data.IsLoaded() ? "are not in the file" : "are not loaded");
+    }
+    return note;
+}
+
 std::vector<std::string> PictureHeaderLines(const PictureData& data)
 {
     const TifPage& page = data.Page();

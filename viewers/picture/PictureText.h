@@ -41,6 +41,11 @@ std::string PageReport(const PictureData& data);
 /// Why the picture is not shown as it is: it is kept reduced; empty when it is not.
 std::string HoldingNote(const PictureData& data);
 
+/// What somebody who looks at the picture should know: that it is kept reduced, that loading was
+/// cancelled, or which rows the file has not got. Empty when the picture is complete, and while it
+/// is loading.
+std::string LoadingNote(const PictureData& data, bool isLoading);
+
 /// The lines printed above the picture.
 std::vector<std::string> PictureHeaderLines(const PictureData& data);
 

@@ -1,0 +1,321 @@
+#include "viewers/picture/CPictureView_Dialog.h"
+
+#include "platform/Message.h"
+#include "resources/ControlIds.h"
+#include "ui_CPictureView_Dialog.h"
+#include "viewers/controls/CHeaderText_Dialog.h"
+#include "viewers/controls/FileDialogs.h"
+#include "viewers/controls/QtText.h"
+#include "viewers/picture/PictureData.h"
+#include "viewers/picture/PictureText.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QPixmap>
+#include <QSignalBlocker>
+
+namespace vireo {
+
+namespace {
+
+constexpr int kFollowMilliseconds = 60;
+/// A picture that is loaded so soon is shown at once, without the sight of its loading.
+constexpr std::chrono::milliseconds kShownAtOnce(30);
+
+QString TiffFilter()
+{
+    return QStringLiteral("TIFF picture (*.tif *.tiff *.TIF *.TIFF);;All Files (*)");
+}
+
+} // namespace
+
+CPictureView_Dialog::CPictureView_Dialog(const std::filesystem::path& file, QWidget* parent)
+    : CViewerDialog(parent),
+      m_ui(std::make_unique<Ui::CPictureView_Dialog>())
+{
+    m_ui->setupUi(this);
+    SetUpControls();
+    SetUpCommands();
+    OnInitDialog();
+    if (file.empty())
+        ShowFacts();
+    else
+        ReadFile(file, 1);
+}
+
+CPictureView_Dialog::CPictureView_Dialog(const MarkedPicture& picture, QWidget* parent)
+    : CPictureView_Dialog(picture.file, parent)
+{
+    if (Picture().Holding() == PictureHolding::Nowhere)
+        return;
+    m_ui->plot->SetMarks(picture.marks);
+    m_ui->plot->PointAt(picture.middle);
+    ShowFacts();
+}
+
+CPictureView_Dialog::~CPictureView_Dialog() = default;
+
+void CPictureView_Dialog::SetUpControls()
+{
+    m_ui->plot->SetScrollBars(m_ui->horizontalScrollBar, m_ui->verticalScrollBar);
+    m_ui->plot->Initialise();
+    m_ui->plot->setFocus();
+    m_ui->loadingRow->hide();
+    m_ui->swatch->hide();
+    m_loadingTimer.setInterval(kFollowMilliseconds);
+    const int buttonWidth = 2 * m_ui->nextPageButton->fontMetrics().horizontalAdvance(u'M');
+    for (QPushButton* const button : {m_ui->previousPageButton, m_ui->nextPageButton})
+        button->setMaximumWidth(buttonWidth);
+}
+
+void CPictureView_Dialog::SetUpCommands()
+{
+    using Dialog = CPictureView_Dialog;
+    const std::pair<QPushButton*, Command> commands[] = {{m_ui->loadButton, &Dialog::OnLoad},
+        {m_ui->saveButton, &Dialog::OnSave}, {m_ui->printButton, &Dialog::OnPrint},
+        {m_ui->cancelButton, &Dialog::OnCancel}, {m_ui->nextPageButton, &Dialog::OnNextPage},
+        {m_ui->previousPageButton, &Dialog::OnPreviousPage}};
+    for (const auto& [button, command] : commands)
+        connect(button, &QPushButton::clicked, this, command);
+    connect(m_ui->exitButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->pageSpin, &QSpinBox::valueChanged, this, &Dialog::OnPage);
+    connect(&m_loadingTimer, &QTimer::timeout, this, &Dialog::FollowLoading);
+
+    using Plot = CPictureView_Control;
+    Plot* const plot = m_ui->plot;
+    connect(m_ui->fitButton, &QPushButton::clicked, plot, &Plot::Fit);
+    connect(m_ui->oneToOneButton, &QPushButton::clicked, plot, &Plot::ShowOneToOne);
+    connect(m_ui->boundariesCheck, &QCheckBox::toggled, plot, &Plot::ShowBoundaries);
+    connect(m_ui->marksCheck, &QCheckBox::toggled, plot, &Plot::ShowMarks);
+    connect(plot, &Plot::ViewChanged, this, &Dialog::ShowZoom);
+    connect(plot, &Plot::PixelPointedAt, this,
+        [this](const std::optional<PictureMark>& pixel) { ShowPixel(pixel); });
+}
+
+void CPictureView_Dialog::OnInitDialog()
+{
+    CViewerDialog::OnInitDialog();
+    SetUpMenus();
+}
+
+void CPictureView_Dialog::SetUpMenus()
+{
+    using Dialog = CPictureView_Dialog;
+    const auto make = [this](
+                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
+        auto* const action = new QAction(text, this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, receiver, run);
+        return action;
+    };
+    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(make(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
+    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
+        header->setText(tr("Picture &Information"));
+        AddToFileMenu(header);
+    }
+    using Plot = CPictureView_Control;
+    QMenu& view = ViewMenu();
+    view.addAction(make(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));
+    view.addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), m_ui->plot, &Plot::ZoomOut));
+    view.addAction(make(tr("&Fit"), tr("Ctrl+0"), m_ui->plot, &Plot::Fit));
+    view.addAction(make(tr("Zoom &1:1"), tr("Ctrl+1"), m_ui->plot, &Plot::ShowOneToOne));
+    view.addSeparator();
+    view.addAction(make(tr("&Next Page"), tr("Ctrl+PgDown"), this, &Dialog::OnNextPage));
+    view.addAction(make(tr("&Previous Page"), tr("Ctrl+PgUp"), this, &Dialog::OnPreviousPage));
+}
+
+void CPictureView_Dialog::OnAcceleratorCommand(int command)
+{
+    if (command == CommandId::kShowHeader && !Picture().Path().empty())
+        CHeaderText_Dialog(PageReport(Picture()), this).exec();
+}
+
+// Files.
+
+void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint32_t page)
+{
+    m_loadingTimer.stop();
+    m_ui->plot->SetPicture(nullptr);
+    const ImageResult result = m_loader.Start(path, page);
+    m_ui->plot->SetPicture(&Picture());
+    m_ui->fileText->setText(QStringFromPath(path.filename()));
+    m_ui->fileText->setToolTip(QStringFromPath(path));
+    ShowFacts();
+    if (result != ImageResult::Ok) {
+        ShowLoading(false);
+        Tell(result);
+    } else if (m_loader.Wait(kShownAtOnce)) {
+        OnLoaded();
+    } else {
+        ShowLoading(true);
+        m_loadingTimer.start();
+    }
+}
+
+void CPictureView_Dialog::FollowLoading()
+{
+    if (!m_loader.IsRunning())
+        return OnLoaded();
+    m_ui->progressBar->setValue(
+        static_cast<int>(m_loader.Fraction() * m_ui->progressBar->maximum()));
+    m_ui->plot->PictureGrew();
+}
+
+void CPictureView_Dialog::OnLoaded()
+{
+    m_loadingTimer.stop();
+    ShowLoading(false);
+    m_ui->plot->PictureGrew();
+    ShowFacts();
+    if (!Picture().IsLoaded())
+        return;
+    Tell(Picture().RowsResult());
+    const std::string note = HoldingNote(Picture());
+    if (!note.empty())
+        TellLater([note] { ShowMessage(note, {}, MessageIcon::Information); });
+}
+
+void CPictureView_Dialog::Tell(ImageResult result)
+{
+    if (result != ImageResult::Ok)
+        TellLater([path = Picture().Path(), result] { TellFileFailure(path, Describe(result)); });
+}
+
+/// Messages come over the window that shows what there is, even when it is being opened only now.
+void CPictureView_Dialog::TellLater(const std::function<void()>& tell)
+{
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+}
+
+// Display.
+
+void CPictureView_Dialog::ShowFacts()
+{
+    const bool hasPicture = Picture().Holding() != PictureHolding::Nowhere;
+    const TifPage& page = Picture().Page();
+    const auto show = [hasPicture](QLabel* label, std::string_view text) {
+        label->setText(hasPicture ? QStringFromText(text) : QString());
+    };
+    show(m_ui->sizeText, SizeText(page));
+    show(m_ui->lengthText, LengthText(page));
+    show(m_ui->resolutionText, ResolutionText(page));
+    show(m_ui->pixelsText, DepthText(page));
+    show(m_ui->compressionText, CompressionText(page));
+    show(m_ui->fileSizeText, BytesText(Picture().FileBytes()));
+    m_ui->pictureLayout->setRowVisible(m_ui->lengthText, page.resolution != 0);
+    m_ui->pictureGroup->setVisible(hasPicture);
+    show(m_ui->noteText, LoadingNote(Picture(), m_loader.IsRunning()));
+    ShowPages();
+    m_ui->boundariesCheck->setVisible(m_ui->plot->HasBoundaries());
+    m_ui->marksCheck->setVisible(m_ui->plot->HasMarks());
+    m_ui->showGroup->setVisible(m_ui->plot->HasBoundaries() || m_ui->plot->HasMarks());
+    m_ui->saveButton->setEnabled(hasPicture);
+    m_ui->printButton->setEnabled(hasPicture);
+}
+
+void CPictureView_Dialog::ShowPages()
+{
+    const auto pages = static_cast<int>(Picture().Pages());
+    const auto page = static_cast<int>(Picture().PageNumber());
+    const QSignalBlocker quiet(m_ui->pageSpin);
+    m_ui->pageSpin->setMaximum(std::max(pages, 1));
+    m_ui->pageSpin->setValue(page);
+    m_ui->pageGroup->setVisible(pages > 1);
+    m_ui->pagesText->setText(tr("of %1").arg(std::max(pages, 1)));
+    m_ui->previousPageButton->setEnabled(page > 1);
+    m_ui->nextPageButton->setEnabled(page < pages);
+}
+
+void CPictureView_Dialog::ShowLoading(bool isLoading)
+{
+    m_ui->progressBar->setValue(0);
+    m_ui->loadingRow->setVisible(isLoading);
+}
+
+void CPictureView_Dialog::ShowZoom()
+{
+    constexpr double kPercent = 100.0;
+    const double zoom = m_ui->plot->View().zoom * kPercent;
+    m_ui->zoomText->setText(tr("%1 %").arg(zoom, 0, 'f', zoom < 10.0 ? 2 : 0));
+}
+
+void CPictureView_Dialog::ShowPixel(const std::optional<PictureMark>& pixel)
+{
+    const PixelReading reading =
+        pixel ? ReadPixel(Picture(), pixel->column, pixel->line) : PixelReading();
+    m_ui->positionText->setText(QStringFromText(reading.position));
+    m_ui->valueText->setText(QStringFromText(reading.value));
+    m_ui->cameraText->setText(QStringFromText(reading.camera));
+    ShowPalette(pixel);
+}
+
+/// A palette index says little without its colour.
+void CPictureView_Dialog::ShowPalette(const std::optional<PictureMark>& pixel)
+{
+    const auto samples = pixel && Picture().Page().depth == ColorDepth::Palette8
+        ? Picture().SamplesAt(pixel->column, pixel->line)
+        : std::nullopt;
+    m_ui->swatch->setVisible(samples.has_value());
+    if (!samples)
+        return;
+    const auto color = Picture().PaletteColor(static_cast<std::uint8_t>(samples->values[0]));
+    const int side = m_ui->valueText->fontMetrics().ascent();
+    QPixmap swatch(side, side);
+    swatch.fill(QColor(color.red, color.green, color.blue));
+    m_ui->swatch->setPixmap(swatch);
+}
+
+// Commands.
+
+void CPictureView_Dialog::OnLoad()
+{
+    const std::filesystem::path file =
+        AskForFileToOpen(this, {tr("Load"), TiffFilter(), QStringLiteral("tif")}, Picture().Path());
+    if (file.empty())
+        return;
+    m_ui->plot->SetMarks({});
+    ReadFile(file, 1);
+}
+
+void CPictureView_Dialog::OnSave() { }
+
+void CPictureView_Dialog::OnPrint()
+{
+    m_ui->plot->SetHeaderLines(PictureHeaderLines(Picture()));
+    m_ui->plot->Print();
+}
+
+void CPictureView_Dialog::OnPrintPreview()
+{
+    m_ui->plot->SetHeaderLines(PictureHeaderLines(Picture()));
+    m_ui->plot->PrintPreview();
+}
+
+void CPictureView_Dialog::OnCancel()
+{
+    m_loader.Cancel();
+    OnLoaded();
+}
+
+void CPictureView_Dialog::OnPage(int page)
+{
+    if (page >= 1 && page <= static_cast<int>(Picture().Pages())) {
+        m_ui->plot->SetMarks({});
+        ReadFile(Picture().Path(), static_cast<std::uint32_t>(page));
+    }
+}
+
+void CPictureView_Dialog::OnNextPage()
+{
+    OnPage(static_cast<int>(Picture().PageNumber()) + 1);
+}
+
+void CPictureView_Dialog::OnPreviousPage()
+{
+    OnPage(static_cast<int>(Picture().PageNumber()) - 1);
+}
+
+} // namespace vireo

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "viewers/controls/CViewerDialog.h"
+#include "viewers/controls/PictureMark.h"
+#include "viewers/picture/PictureLoader.h"
+
+#include <QTimer>
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class CPictureView_Dialog;
+}
+
+namespace vireo {
+
+/// The "Picture View": the pages of a TIFF file, of any size. A picture is loaded while it is
+/// looked at already; what a damaged file still gives is shown.
+///
+/// Another viewer may give it a picture with marks, and a pixel to begin at.
+class CPictureView_Dialog : public CViewerDialog {
+    Q_OBJECT
+
+public:
+    /// Shows the first page of a file; an empty path shows an empty view.
+    explicit CPictureView_Dialog(const std::filesystem::path& file, QWidget* parent = nullptr);
+    explicit CPictureView_Dialog(const MarkedPicture& picture, QWidget* parent = nullptr);
+    ~CPictureView_Dialog() override;
+
+    const PictureLoader& Loader() const { return m_loader; }
+
+protected:
+    void OnInitDialog() override;
+    void OnAcceleratorCommand(int command) override;
+
+private:
+    using Command = void (CPictureView_Dialog::*)();
+
+    // Start.
+    void SetUpControls();
+    void SetUpCommands();
+    void SetUpMenus();
+
+    // Files.
+    void ReadFile(const std::filesystem::path& path, std::uint32_t page);
+    void FollowLoading();
+    void OnLoaded();
+    void Tell(ImageResult result);
+    void TellLater(const std::function<void()>& tell);
+
+    // Display.
+    const PictureData& Picture() const { return m_loader.Picture(); }
+    void ShowFacts();
+    void ShowPages();
+    void ShowLoading(bool isLoading);
+    void ShowZoom();
+    void ShowPixel(const std::optional<PictureMark>& pixel);
+    void ShowPalette(const std::optional<PictureMark>& pixel);
+
+    // Commands.
+    void OnLoad();
+    void OnSave();
+    void OnPrint();
+    void OnPrintPreview();
+    void OnCancel();
+    void OnPage(int page);
+    void OnNextPage();
+    void OnPreviousPage();
+
+    std::unique_ptr<Ui::CPictureView_Dialog> m_ui;
+    PictureLoader m_loader;
+    QTimer m_loadingTimer;
+};
+
+} // namespace vireo

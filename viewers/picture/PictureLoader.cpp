@@ -1,0 +1,49 @@
+#include "viewers/picture/PictureLoader.h"
+
+#include "viewers/picture/PictureData.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace vireo {
+
+PictureLoader::PictureLoader()
+    : m_picture(std::make_unique<PictureData>()),
+      m_progress(std::make_unique<WorkProgress>())
+{
+}
+
+PictureLoader::~PictureLoader()
+{
+    Cancel();
+}
+
+void PictureLoader::Cancel()
+{
+    m_progress->Cancel();
+    if (m_loading.valid())
+        m_loading.wait();
+}
+
+bool PictureLoader::Wait(std::chrono::milliseconds atMost) const
+{
+    return !m_loading.valid() || m_loading.wait_for(atMost) == std::future_status::ready;
+}
+
+ImageResult PictureLoader::Start(const std::filesystem::path& path, std::uint32_t page)
+{
+    // More threads than these wait for the decoder, which is one.
+    constexpr unsigned kMostThreads = 4;
+    Cancel();
+    m_picture = std::make_unique<PictureData>();
+    m_progress = std::make_unique<WorkProgress>();
+    const ImageResult result = m_picture->Open(path, page);
+    if (result != ImageResult::Ok)
+        return result;
+    const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+    m_loading =
+        std::async(std::launch::async, [this, threads] { m_picture->Load(*m_progress, threads); });
+    return ImageResult::Ok;
+}
+
+} // namespace vireo
