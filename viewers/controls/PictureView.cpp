@@ -204,6 +204,39 @@ std::int64_t PictureView::FirstDrawn(const PictureAxis& axis) const
     return static_cast<std::int64_t>(std::floor(static_cast<double>(first) * zoom));
 }
 
+double PictureView::PlaceOf(const PictureAxis& axis, std::int64_t pixel) const
+{
+    if (zoom >= 1.0)
+        return static_cast<double>(pixel - axis.First(zoom)) * zoom;
+    return static_cast<double>(pixel) * zoom - static_cast<double>(FirstDrawn(axis));
+}
+
+namespace {
+
+/// Shortens a view to a shorter picture; gives how far that begins behind its start.
+std::int64_t PlaceAxis(PictureAxis& axis, double zoom)
+{
+    constexpr double kRounding = 1e-9; // A fitted picture may be longer by so much.
+    const auto drawn =
+        static_cast<std::int64_t>(std::ceil(static_cast<double>(axis.picture) * zoom - kRounding));
+    if (drawn >= axis.view)
+        return 0;
+    const std::int64_t start = (axis.view - drawn) / 2;
+    axis.view = drawn;
+    axis.centre = axis.Half(zoom);
+    return start;
+}
+
+} // namespace
+
+PlacedPicture PictureView::Placed() const
+{
+    PlacedPicture placed{*this};
+    placed.left = PlaceAxis(placed.view.x, zoom);
+    placed.top = PlaceAxis(placed.view.y, zoom);
+    return placed;
+}
+
 std::int64_t PictureView::PixelAt(const PictureAxis& axis, std::int64_t at) const
 {
     if (zoom >= 1.0)

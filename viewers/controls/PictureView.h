@@ -35,6 +35,14 @@ struct PictureAxis {
     std::int64_t StepTo(std::int64_t position, double zoom) const;
 };
 
+/// A pixel of a picture, 0-based from its upper left corner.
+struct PicturePixel {
+    std::int64_t x = 0;
+    std::int64_t y = 0;
+};
+
+struct PlacedPicture;
+
 /// Which part of a picture a view shows, and how large: the mapping between view and picture, and
 /// every way to move it. Plain arithmetic that asks no window.
 ///
@@ -83,9 +91,24 @@ struct PictureView {
     /// one in view; from zoom 1 up, the picture pixel there.
     std::int64_t FirstDrawn(const PictureAxis& axis) const;
 
+    /// Where the left or upper edge of a picture pixel is in the view.
+    double PlaceOfX(std::int64_t pixel) const { return PlaceOf(x, pixel); }
+    double PlaceOfY(std::int64_t pixel) const { return PlaceOf(y, pixel); }
+
+    /// With a picture that is smaller than the view in the middle of it.
+    PlacedPicture Placed() const;
+
 private:
+    double PlaceOf(const PictureAxis& axis, std::int64_t pixel) const;
     std::int64_t PixelAt(const PictureAxis& axis, std::int64_t at) const;
     PictureView Clamped() const;
+};
+
+/// A view of no more than the picture, and where that begins in the view it was made from.
+struct PlacedPicture {
+    PictureView view;
+    std::int64_t left = 0;
+    std::int64_t top = 0;
 };
 
 } // namespace vireo

@@ -57,7 +57,7 @@ CPictureView_Dialog::~CPictureView_Dialog() = default;
 
 void CPictureView_Dialog::SetUpControls()
 {
-    m_ui->plot->SetScrollBars(m_ui->horizontalScrollBar, m_ui->verticalScrollBar);
+    m_ui->plot->Navigation().SetScrollBars(m_ui->horizontalScrollBar, m_ui->verticalScrollBar);
     m_ui->plot->Initialise();
     m_ui->plot->setFocus();
     m_ui->loadingRow->hide();
@@ -87,9 +87,9 @@ void CPictureView_Dialog::SetUpCommands()
     connect(m_ui->oneToOneButton, &QPushButton::clicked, plot, &Plot::ShowOneToOne);
     connect(m_ui->boundariesCheck, &QCheckBox::toggled, plot, &Plot::ShowBoundaries);
     connect(m_ui->marksCheck, &QCheckBox::toggled, plot, &Plot::ShowMarks);
-    connect(plot, &Plot::ViewChanged, this, &Dialog::ShowZoom);
-    connect(plot, &Plot::PixelPointedAt, this,
-        [this](const std::optional<PictureMark>& pixel) { ShowPixel(pixel); });
+    connect(&plot->Navigation(), &PictureNavigation::ViewChanged, this, &Dialog::ShowZoom);
+    connect(&plot->Navigation(), &PictureNavigation::PointerMoved, this,
+        [this](const std::optional<PicturePixel>& pixel) { ShowPixel(pixel); });
 }
 
 void CPictureView_Dialog::OnInitDialog()
@@ -118,8 +118,9 @@ void CPictureView_Dialog::SetUpMenus()
     }
     using Plot = CPictureView_Control;
     QMenu& view = ViewMenu();
-    view.addAction(make(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));
-    view.addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), m_ui->plot, &Plot::ZoomOut));
+    PictureNavigation* const navigation = &m_ui->plot->Navigation();
+    view.addAction(make(tr("Zoom &In"), tr("Ctrl++"), navigation, &PictureNavigation::ZoomIn));
+    view.addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), navigation, &PictureNavigation::ZoomOut));
     view.addAction(make(tr("&Fit"), tr("Ctrl+0"), m_ui->plot, &Plot::Fit));
     view.addAction(make(tr("Zoom &1:1"), tr("Ctrl+1"), m_ui->plot, &Plot::ShowOneToOne));
     view.addSeparator();
@@ -242,10 +243,9 @@ void CPictureView_Dialog::ShowZoom()
     m_ui->zoomText->setText(tr("%1 %").arg(zoom, 0, 'f', zoom < 10.0 ? 2 : 0));
 }
 
-void CPictureView_Dialog::ShowPixel(const std::optional<PictureMark>& pixel)
+void CPictureView_Dialog::ShowPixel(const std::optional<PicturePixel>& pixel)
 {
-    const PixelReading reading =
-        pixel ? ReadPixel(Picture(), pixel->column, pixel->line) : PixelReading();
+    const PixelReading reading = pixel ? ReadPixel(Picture(), pixel->x, pixel->y) : PixelReading();
     m_ui->positionText->setText(QStringFromText(reading.position));
     m_ui->valueText->setText(QStringFromText(reading.value));
     m_ui->cameraText->setText(QStringFromText(reading.camera));
@@ -253,10 +253,10 @@ void CPictureView_Dialog::ShowPixel(const std::optional<PictureMark>& pixel)
 }
 
 /// A palette index says little without its colour.
-void CPictureView_Dialog::ShowPalette(const std::optional<PictureMark>& pixel)
+void CPictureView_Dialog::ShowPalette(const std::optional<PicturePixel>& pixel)
 {
     const auto samples = pixel && Picture().Page().depth == ColorDepth::Palette8
-        ? Picture().SamplesAt(pixel->column, pixel->line)
+        ? Picture().SamplesAt(pixel->x, pixel->y)
         : std::nullopt;
     m_ui->swatch->setVisible(samples.has_value());
     if (!samples)

@@ -2,6 +2,7 @@
 
 #include "viewers/controls/CViewerDialog.h"
 #include "viewers/controls/PictureMark.h"
+#include "viewers/controls/PictureView.h"
 #include "viewers/picture/PictureLoader.h"
 
 #include <QTimer>
@@ -58,8 +59,8 @@ private:
     void ShowPages();
     void ShowLoading(bool isLoading);
     void ShowZoom();
-    void ShowPixel(const std::optional<PictureMark>& pixel);
-    void ShowPalette(const std::optional<PictureMark>& pixel);
+    void ShowPixel(const std::optional<PicturePixel>& pixel);
+    void ShowPalette(const std::optional<PicturePixel>& pixel);
 
     // Commands.
     void OnLoad();

@@ -1,7 +1,7 @@
 #include "viewers/picture/PicturePlot.h"
 
 #include "viewers/controls/Fonts.h"
-#include "viewers/controls/PlotFurniture.h"
+#include "viewers/controls/PictureImage.h"
 #include "viewers/controls/PrintPageLayout.h"
 
 #include <QFontMetricsF>
@@ -23,30 +23,9 @@ constexpr QColor kMiddle(255, 128, 0);
 
 constexpr double kLetterHeight = 13.0; ///< In units, as all lengths of lines and texts.
 
-double ViewPlace(const PictureView& view, const PictureAxis& axis, std::int64_t pixel)
-{
-    if (view.zoom >= 1.0)
-        return static_cast<double>(pixel - axis.First(view.zoom)) * view.zoom;
-    return std::floor(static_cast<double>(pixel) * view.zoom)
-        - static_cast<double>(view.FirstDrawn(axis));
-}
-
 QRectF ViewRect(const PictureView& view)
 {
     return {0.0, 0.0, static_cast<double>(view.x.view), static_cast<double>(view.y.view)};
-}
-
-/// Shortens a view to a shorter picture; gives how far that begins behind its start.
-std::int64_t PlaceAxis(PictureAxis& axis, double zoom)
-{
-    const auto drawn =
-        static_cast<std::int64_t>(std::ceil(static_cast<double>(axis.picture) * zoom - 1e-9));
-    if (drawn >= axis.view)
-        return 0;
-    const std::int64_t start = (axis.view - drawn) / 2;
-    axis.view = drawn;
-    axis.centre = axis.Half(zoom);
-    return start;
 }
 
 /// Draws over a placed picture, in the view's pixels.
@@ -75,7 +54,7 @@ private:
         if (m_content.coveredRows >= m_view.y.picture)
             return;
         QRectF missing = m_picture;
-        missing.setTop(std::max(missing.top(), ViewY(m_view, m_content.coveredRows)));
+        missing.setTop(std::max(missing.top(), m_view.PlaceOfY(m_content.coveredRows)));
         if (missing.height() <= 0.0)
             return;
         m_painter.fillRect(missing, kMissing);
@@ -91,9 +70,9 @@ private:
         double room = 0.0; // Left end of the camera's stretch.
         for (std::size_t i = 0; i < m_content.boundaries.size(); ++i) {
             const CameraBoundary& boundary = m_content.boundaries[i];
-            const double x = ViewX(m_view, boundary.column);
+            const double x = m_view.PlaceOfX(boundary.column);
             const double next = i + 1 < m_content.boundaries.size()
-                ? ViewX(m_view, m_content.boundaries[i + 1].column)
+                ? m_view.PlaceOfX(m_content.boundaries[i + 1].column)
                 : m_picture.right();
             if (x >= m_picture.left() && x < m_picture.right()) {
                 m_painter.fillRect(
@@ -151,7 +130,7 @@ private:
     QPointF CentreOf(const PictureMark& pixel) const
     {
         const double half = std::max(m_view.zoom, 1.0) / 2.0;
-        return {ViewX(m_view, pixel.column) + half, ViewY(m_view, pixel.line) + half};
+        return {m_view.PlaceOfX(pixel.column) + half, m_view.PlaceOfY(pixel.line) + half};
     }
 
     /// Four strokes that point at a pixel and leave it free.
@@ -180,28 +159,10 @@ private:
 
 } // namespace
 
-double ViewX(const PictureView& view, std::int64_t column)
-{
-    return ViewPlace(view, view.x, column);
-}
-
-double ViewY(const PictureView& view, std::int64_t row)
-{
-    return ViewPlace(view, view.y, row);
-}
-
-PlacedPicture PlacePicture(const PictureView& view)
-{
-    PlacedPicture placed{view};
-    placed.left = PlaceAxis(placed.view.x, view.zoom);
-    placed.top = PlaceAxis(placed.view.y, view.zoom);
-    return placed;
-}
-
 bool DrawPicturePlot(QPainter& painter, const QRectF& target, const PicturePlotContent& content,
     QImage& canvas, PictureQuality quality)
 {
-    const PlacedPicture placed = PlacePicture(content.view);
+    const PlacedPicture placed = content.view.Placed();
     const QSize size(static_cast<int>(placed.view.x.view), static_cast<int>(placed.view.y.view));
     const bool isWhole =
         placed.view.x.view == content.view.x.view && placed.view.y.view == content.view.y.view;
@@ -213,9 +174,7 @@ bool DrawPicturePlot(QPainter& painter, const QRectF& target, const PicturePlotC
         canvas = QImage(size, QImage::Format_RGB32);
     if (canvas.isNull())
         return true;
-    const PixelTarget pixels{reinterpret_cast<std::uint32_t*>(canvas.bits()), canvas.width(),
-        canvas.height(), canvas.bytesPerLine() / 4};
-    const bool isExact = DrawPicture(content.picture, placed.view, pixels, quality);
+    const bool isExact = DrawPicture(content.picture, placed.view, canvas, quality);
     painter.save();
     painter.translate(target.topLeft());
     painter.scale(target.width() / static_cast<double>(content.view.x.view),

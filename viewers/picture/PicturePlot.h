@@ -32,22 +32,9 @@ struct PicturePlotContent {
     std::optional<PictureMark> middle; ///< The pixel that the marks are shown for.
 };
 
-/// A picture that is smaller than its view lies in the middle of it.
-struct PlacedPicture {
-    PictureView view; ///< Of the picture only, where it is smaller.
-    /// Where that begins in the view that was given, in its pixels.
-    std::int64_t left = 0;
-    std::int64_t top = 0;
-};
-PlacedPicture PlacePicture(const PictureView& view);
-
-/// Where pixels of the picture lie in a view, in the view's pixels: the left or upper edge of a
-/// column or row, as it is drawn by a placed view.
-double ViewX(const PictureView& view, std::int64_t column);
-double ViewY(const PictureView& view, std::int64_t row);
-
 /// Draws a picture into a rectangle that is scaled to the view: the pixels, what is missing of
-/// them, the boundaries between cameras with their letters, and the marks. `canvas` may be kept
+/// them, the boundaries between cameras with their letters, and the marks. A picture smaller than
+/// the view lies in its middle. `canvas` may be kept
 /// for the next drawing, which then need not make one. False when the drawing is worse than exact.
 bool DrawPicturePlot(QPainter& painter, const QRectF& target, const PicturePlotContent& content,
     QImage& canvas, PictureQuality quality = PictureQuality::Exact);

@@ -62,11 +62,7 @@ protected:
     /// A point of the plot that shows a pixel, well inside of it at large zooms.
     QPoint PointOf(std::int64_t column, std::int64_t row) const
     {
-        const PlacedPicture placed = PlacePicture(Plot().View());
-        const double half = std::max(placed.view.zoom, 1.0) / 2.0;
-        return QPointF(ViewX(placed.view, column) + half + static_cast<double>(placed.left),
-            ViewY(placed.view, row) + half + static_cast<double>(placed.top))
-            .toPoint();
+        return Plot().Navigation().PointOf({column, row}).toPoint();
     }
     QColor ColourOf(std::int64_t column, std::int64_t row) const
     {
