@@ -22,8 +22,17 @@ FileStatus AtomicFile::Write(std::span<const std::uint8_t> bytes)
     constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
     if (m_status != FileStatus::Ok)
         return m_status;
+    if (bytes.size() >= kBufferSize)
+        return FlushBuffer() == FileStatus::Ok ? WriteThrough(bytes) : m_status;
     m_buffer.insert(m_buffer.end(), bytes.begin(), bytes.end());
     return m_buffer.size() < kBufferSize ? FileStatus::Ok : FlushBuffer();
+}
+
+FileStatus AtomicFile::FlushBuffer()
+{
+    const FileStatus status = WriteThrough(m_buffer);
+    m_buffer.clear();
+    return status;
 }
 
 FileStatus WriteFileAtomically(const std::filesystem::path& target, std::string_view content)

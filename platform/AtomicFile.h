@@ -15,6 +15,11 @@ namespace vireo {
 /// whatever stood at the target is untouched; an object destroyed without Commit leaves no trace.
 class AtomicFile {
 public:
+    /// When the bytes are made to reach the disk before the renaming. Where nothing stands at the
+    /// target there is no old file that a power failure could take away, and waiting for the disk
+    /// can cost more than all the rest; what is large and can be made again does without.
+    enum class Flush { Always, WhenReplacing };
+
     AtomicFile() = default;
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
@@ -25,8 +30,10 @@ public:
     /// Appends bytes, buffered. The first failure is kept, and Commit returns it.
     FileStatus Write(std::span<const std::uint8_t> bytes);
     FileStatus Write(std::string_view text);
+    /// Replaces bytes written before, which begin `offset` bytes behind the start of the file.
+    FileStatus Overwrite(std::uint64_t offset, std::span<const std::uint8_t> bytes);
     /// Flushes, closes and renames over the target. On failure the temporary file is removed.
-    FileStatus Commit();
+    FileStatus Commit(Flush flush = Flush::Always);
     /// Removes the temporary file; the target stays as it was.
     void Discard();
 
@@ -34,11 +41,14 @@ private:
     /// A name beside the target that nobody can foresee.
     static std::filesystem::path TemporaryName(const std::filesystem::path& target);
     FileStatus FlushBuffer();
+    /// Hands bytes to the system at once.
+    FileStatus WriteThrough(std::span<const std::uint8_t> bytes);
 
     std::filesystem::path m_target;
     std::filesystem::path m_temporary;
     std::vector<std::uint8_t> m_buffer;
     FileStatus m_status = FileStatus::Failed;
+    bool m_bReplaces = false; ///< A file stands at the target.
 #ifdef _WIN32
     void* m_handle = nullptr;
 #else

@@ -71,6 +71,7 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target)
     m_status = CheckTarget(m_target, permissions);
     if (m_status != FileStatus::Ok)
         return m_status;
+    m_bReplaces = permissions.has_value();
 
     const std::filesystem::path temporary = TemporaryName(m_target);
     m_descriptor = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
@@ -86,26 +87,42 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target)
     return m_status;
 }
 
-FileStatus AtomicFile::FlushBuffer()
+FileStatus AtomicFile::WriteThrough(std::span<const std::uint8_t> bytes)
 {
-    std::span<const std::uint8_t> rest = m_buffer;
-    while (m_status == FileStatus::Ok && !rest.empty()) {
-        const ssize_t count = write(m_descriptor, rest.data(), rest.size());
+    while (m_status == FileStatus::Ok && !bytes.empty()) {
+        const ssize_t count = write(m_descriptor, bytes.data(), bytes.size());
         if (count >= 0)
-            rest = rest.subspan(static_cast<std::size_t>(count));
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
         else if (errno != EINTR)
             m_status = StatusFromError(errno);
     }
-    m_buffer.clear();
     return m_status;
 }
 
-FileStatus AtomicFile::Commit()
+FileStatus AtomicFile::Overwrite(std::uint64_t offset, std::span<const std::uint8_t> bytes)
+{
+    if (FlushBuffer() != FileStatus::Ok)
+        return m_status;
+    while (!bytes.empty()) {
+        const ssize_t count =
+            pwrite(m_descriptor, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+        if (count >= 0) {
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+            offset += static_cast<std::uint64_t>(count);
+        } else if (errno != EINTR) {
+            return m_status = StatusFromError(errno);
+        }
+    }
+    return m_status;
+}
+
+FileStatus AtomicFile::Commit(Flush flush)
 {
     if (m_descriptor < 0)
         return m_status;
     FileStatus status = FlushBuffer();
-    if (status == FileStatus::Ok && fsync(m_descriptor) != 0)
+    const bool flushes = flush == Flush::Always || m_bReplaces;
+    if (status == FileStatus::Ok && flushes && fsync(m_descriptor) != 0)
         status = StatusFromError(errno);
     if (close(std::exchange(m_descriptor, -1)) != 0 && status == FileStatus::Ok)
         status = StatusFromError(errno);
@@ -113,7 +130,8 @@ FileStatus AtomicFile::Commit()
         status = StatusFromError(errno);
     if (status == FileStatus::Ok) {
         m_temporary.clear();
-        FlushFolder(m_target);
+        if (flushes)
+            FlushFolder(m_target);
     }
     Discard();
     return status;

@@ -10,10 +10,11 @@ namespace vireo {
 namespace {
 
 /// What may be put at the target: nothing stands there, or a file that may be written to.
-FileStatus CheckTarget(const std::filesystem::path& target)
+FileStatus CheckTarget(const std::filesystem::path& target, bool& exists)
 {
     const DWORD attributes = GetFileAttributesW(target.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) {
+    exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (!exists) {
         const DWORD error = GetLastError();
         return error == ERROR_FILE_NOT_FOUND ? FileStatus::Ok : StatusFromError(error);
     }
@@ -45,7 +46,7 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target)
     if (target.empty() || HoldsZeroByte(target))
         return m_status = FileStatus::NotFound;
     m_target = target;
-    m_status = CheckTarget(m_target);
+    m_status = CheckTarget(m_target, m_bReplaces);
     if (m_status != FileStatus::Ok)
         return m_status;
 
@@ -59,28 +60,42 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target)
     return m_status;
 }
 
-FileStatus AtomicFile::FlushBuffer()
+FileStatus AtomicFile::WriteThrough(std::span<const std::uint8_t> bytes)
 {
     constexpr std::size_t kLargestWrite = std::size_t{1} << 30;
-    std::span<const std::uint8_t> rest = m_buffer;
-    while (m_status == FileStatus::Ok && !rest.empty()) {
+    while (m_status == FileStatus::Ok && !bytes.empty()) {
         DWORD count = 0;
-        const auto wanted = static_cast<DWORD>(std::min(rest.size(), kLargestWrite));
-        if (WriteFile(m_handle, rest.data(), wanted, &count, nullptr))
-            rest = rest.subspan(count);
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestWrite));
+        if (WriteFile(m_handle, bytes.data(), wanted, &count, nullptr))
+            bytes = bytes.subspan(count);
         else
             m_status = StatusFromError(GetLastError());
     }
-    m_buffer.clear();
     return m_status;
 }
 
-FileStatus AtomicFile::Commit()
+FileStatus AtomicFile::Overwrite(std::uint64_t offset, std::span<const std::uint8_t> bytes)
+{
+    if (FlushBuffer() != FileStatus::Ok)
+        return m_status;
+    LARGE_INTEGER position;
+    position.QuadPart = static_cast<LONGLONG>(offset);
+    if (!SetFilePointerEx(m_handle, position, nullptr, FILE_BEGIN))
+        return m_status = StatusFromError(GetLastError());
+    static_cast<void>(WriteThrough(bytes)); // Kept in m_status.
+    position.QuadPart = 0;
+    if (!SetFilePointerEx(m_handle, position, nullptr, FILE_END) && m_status == FileStatus::Ok)
+        m_status = StatusFromError(GetLastError());
+    return m_status;
+}
+
+FileStatus AtomicFile::Commit(Flush flush)
 {
     if (m_handle == nullptr)
         return m_status;
     FileStatus status = FlushBuffer();
-    if (status == FileStatus::Ok && !FlushFileBuffers(m_handle))
+    const bool flushes = flush == Flush::Always || m_bReplaces;
+    if (status == FileStatus::Ok && flushes && !FlushFileBuffers(m_handle))
         status = StatusFromError(GetLastError());
     CloseHandle(std::exchange(m_handle, nullptr));
     if (status == FileStatus::Ok && !MoveIntoPlace(m_temporary, m_target))

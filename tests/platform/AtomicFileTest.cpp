@@ -67,6 +67,24 @@ TEST(AtomicFile, OneObjectWritesOneFileAfterAnother)
     EXPECT_EQ(FilesIn(folder.Path()), 1U);
 }
 
+TEST(AtomicFile, OverwritesWhatWasWrittenAndGoesOnBehindTheEnd)
+{
+    const TempFolder folder;
+    std::string expected(600'000, 'a');
+    AtomicFile file;
+    ASSERT_EQ(file.Open(folder.Path() / "target"), FileStatus::Ok);
+    ASSERT_EQ(file.Write(expected), FileStatus::Ok);
+    ASSERT_EQ(file.Write("buffered"), FileStatus::Ok);
+    const std::uint8_t patch[] = {'p', 'a', 't', 'c', 'h'};
+    EXPECT_EQ(file.Overwrite(4, patch), FileStatus::Ok);
+    EXPECT_EQ(file.Overwrite(600'001, patch), FileStatus::Ok);
+    ASSERT_EQ(file.Write("end"), FileStatus::Ok);
+    EXPECT_EQ(file.Commit(AtomicFile::Flush::WhenReplacing), FileStatus::Ok);
+    expected.replace(4, 5, "patch");
+    EXPECT_TRUE(TempFolder::Read(folder.Path() / "target") == expected + "bpatchedend");
+    EXPECT_NE(AtomicFile().Overwrite(0, patch), FileStatus::Ok);
+}
+
 TEST(AtomicFile, TargetsThatCannotBeWritten)
 {
     const TempFolder folder;
