@@ -1,5 +1,6 @@
 #include "imagefile/TifPage.h"
 
+#include "imagefile/TifTags.h"
 #include "platform/AtomicFile.h"
 
 #include <algorithm>
@@ -12,32 +13,13 @@ namespace vireo {
 namespace {
 
 // What a page may ask for at most. Wide-format pictures stay far below.
-constexpr std::uint64_t kMaxRowBytes = 64 * 1024 * 1024;
 constexpr std::uint32_t kMaxDescriptionBytes = 1024 * 1024;
 constexpr std::size_t kEntryBytes = 12;
 constexpr std::size_t kValueFieldOffset = 8; ///< In an entry.
 constexpr std::uint32_t kColorMapValues = 768;
 
-enum class Tag : std::uint16_t {
-    ImageWidth = 256,
-    ImageLength = 257,
-    BitsPerSample = 258,
-    Compression = 259,
-    Photometric = 262,
-    ImageDescription = 270,
-    StripOffsets = 273,
-    RowsPerStrip = 278,
-    StripByteCounts = 279,
-    XResolution = 282,
-    YResolution = 283,
-    PlanarConfiguration = 284,
-    ResolutionUnit = 296,
-    Predictor = 317,
-    ColorMap = 320,
-    IccProfile = 34675,
-};
-
-enum class Type : std::uint16_t { Ascii = 2, Short = 3, Long = 4, Rational = 5, Undefined = 7 };
+using Tag = TifTag;
+using Type = TifType;
 
 struct Entry {
     Tag tag{};
@@ -184,6 +166,8 @@ ImageResult PageParser::Take(const Entry& entry)
         return TakeColorMap(entry);
     case Tag::IccProfile:
         return CopyProfile(entry);
+    case Tag::SamplesPerPixel:
+        break;
     }
     return ImageResult::Ok;
 }
@@ -424,7 +408,7 @@ ImageResult CheckPage(const TifPage& page, std::uint64_t fileBytes)
     const std::uint32_t strips = page.height / rowsPerStrip + (page.height % rowsPerStrip != 0);
     if (page.strips.Count() < strips)
         return ImageResult::TifFormatError;
-    if (BytesPerRow(page.depth, page.width) > kMaxRowBytes)
+    if (BytesPerRow(page.depth, page.width) > TifPage::kMaxRowBytes)
         return ImageResult::UnsupportedTifFormat;
     return IsWorthReading(page, fileBytes) ? ImageResult::Ok : ImageResult::CantReadTif;
 }

@@ -25,6 +25,8 @@ inline constexpr std::uint16_t kPackBits = 32773;
 
 /// What the entries of one page say.
 struct TifPage {
+    /// Wide-format pictures stay far below.
+    static constexpr std::uint64_t kMaxRowBytes = 64 * 1024 * 1024;
     static constexpr std::uint16_t kWhiteIsZero = 0;
     static constexpr std::uint16_t kNoPhotometric = 0xffff; ///< The page does not say.
     static constexpr std::uint16_t kHorizontalDifferencing = 2;
