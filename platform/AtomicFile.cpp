@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <random>
 
 namespace vireo {
@@ -33,6 +34,35 @@ FileStatus AtomicFile::FlushBuffer()
     const FileStatus status = WriteThrough(m_buffer);
     m_buffer.clear();
     return status;
+}
+
+FileStatus AtomicFile::WriteFrom(
+    const PositionalFile& source, std::uint64_t offset, std::uint64_t count)
+{
+    if (FlushBuffer() != FileStatus::Ok)
+        return m_status;
+    const std::uint64_t copied = CopyWithinSystem(source, offset, count);
+    offset += copied;
+    count -= copied;
+    // What the system will not copy, and whatever is wrong, turns up here.
+    constexpr std::uint64_t kPieceBytes = 1024 * 1024;
+    std::vector<std::uint8_t> piece(static_cast<std::size_t>(std::min(count, kPieceBytes)));
+    while (count > 0 && m_status == FileStatus::Ok) {
+        const auto wanted = std::span(piece).first(
+            static_cast<std::size_t>(std::min(count, kPieceBytes)));
+        if (source.ReadAt(offset, wanted) < wanted.size())
+            m_status = FileStatus::Failed;
+        else
+            static_cast<void>(WriteThrough(wanted)); // Kept in m_status.
+        offset += wanted.size();
+        count -= wanted.size();
+    }
+    return m_status;
+}
+
+bool AtomicFile::Flushes(Flush flush) const
+{
+    return flush == Flush::Always || (flush == Flush::WhenReplacing && m_bReplaces);
 }
 
 FileStatus WriteFileAtomically(const std::filesystem::path& target, std::string_view content)

@@ -11,14 +11,21 @@
 namespace vireo {
 
 /// Writes a file so that it is complete or absent: the bytes go to a temporary file in the same
-/// folder, are flushed to the disk and then renamed over the target. Until Commit has returned Ok,
-/// whatever stood at the target is untouched; an object destroyed without Commit leaves no trace.
+/// folder, which is then renamed over the target. Until Commit has returned Ok, whatever stood at
+/// the target is untouched; an object destroyed without Commit leaves no trace.
 class AtomicFile {
 public:
     /// When the bytes are made to reach the disk before the renaming. Where nothing stands at the
     /// target there is no old file that a power failure could take away, and waiting for the disk
-    /// can cost more than all the rest; what is large and can be made again does without.
-    enum class Flush { Always, WhenReplacing };
+    /// can cost more than all the rest; what is large and can be made again does without. One of
+    /// many files that lie somewhere else, too, is never waited for: after each of many small files
+    /// that takes a hundred times as long as writing them. Every program sees it complete or
+    /// absent all the same.
+    enum class Flush { Always, WhenReplacing, Never };
+
+    /// What becomes of a link at the target: it stays, and the file behind it is replaced, or it is
+    /// replaced itself, so that nothing is written anywhere but in the target's folder.
+    enum class Links { Followed, Replaced };
 
     AtomicFile() = default;
     AtomicFile(const AtomicFile&) = delete;
@@ -26,10 +33,13 @@ public:
     ~AtomicFile();
 
     /// Creates the temporary file beside `target`.
-    FileStatus Open(const std::filesystem::path& target);
+    FileStatus Open(const std::filesystem::path& target, Links links = Links::Followed);
     /// Appends bytes, buffered. The first failure is kept, and Commit returns it.
     FileStatus Write(std::span<const std::uint8_t> bytes);
     FileStatus Write(std::string_view text);
+    /// Appends `count` bytes that stand `offset` bytes behind the start of another file; where the
+    /// system can, they do not pass through the program. A source that ends before gives Failed.
+    FileStatus WriteFrom(const PositionalFile& source, std::uint64_t offset, std::uint64_t count);
     /// Replaces bytes written before, which begin `offset` bytes behind the start of the file.
     FileStatus Overwrite(std::uint64_t offset, std::span<const std::uint8_t> bytes);
     /// Flushes, closes and renames over the target. On failure the temporary file is removed.
@@ -43,12 +53,18 @@ private:
     FileStatus FlushBuffer();
     /// Hands bytes to the system at once.
     FileStatus WriteThrough(std::span<const std::uint8_t> bytes);
+    /// Whether Commit waits for the disk.
+    bool Flushes(Flush flush) const;
+    /// Lets the system copy as much as it will, and returns how many bytes that was.
+    std::uint64_t CopyWithinSystem(
+        const PositionalFile& source, std::uint64_t offset, std::uint64_t count);
 
     std::filesystem::path m_target;
     std::filesystem::path m_temporary;
     std::vector<std::uint8_t> m_buffer;
     FileStatus m_status = FileStatus::Failed;
     bool m_bReplaces = false; ///< A file stands at the target.
+    Links m_links = Links::Followed;
 #ifdef _WIN32
     void* m_handle = nullptr;
 #else

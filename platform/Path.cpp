@@ -2,6 +2,11 @@
 
 namespace vireo {
 
+std::filesystem::path FolderOf(const std::filesystem::path& file)
+{
+    return file.has_parent_path() ? file.parent_path() : ".";
+}
+
 PathParts SplitPath(std::string_view path)
 {
     PathParts parts;

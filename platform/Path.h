@@ -11,6 +11,9 @@ namespace vireo {
 std::filesystem::path PathFromUtf8(std::string_view utf8);
 std::string Utf8FromPath(const std::filesystem::path& path);
 
+/// The folder that holds a file; "." for a bare name.
+std::filesystem::path FolderOf(const std::filesystem::path& file);
+
 /// The parts of a path text as the Windows path splitter gives them, on every system. Joined in
 /// order they give the text back.
 struct PathParts {

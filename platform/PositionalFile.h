@@ -50,6 +50,8 @@ public:
     std::size_t ReadAt(std::uint64_t offset, std::span<std::uint8_t> buffer) const;
 
 private:
+    friend class AtomicFile; // Copies from one file to another within the system.
+
 #ifdef _WIN32
     void* m_handle = nullptr;
 #else

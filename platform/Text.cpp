@@ -275,6 +275,14 @@ char LowerAscii(char c)
 
 } // namespace
 
+std::string LowerAscii(std::string_view text)
+{
+    std::string lower(text);
+    for (char& character : lower)
+        character = LowerAscii(character);
+    return lower;
+}
+
 bool EqualsIgnoringCase(std::string_view left, std::string_view right)
 {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),

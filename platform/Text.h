@@ -35,6 +35,9 @@ std::int32_t ParseInteger(std::string_view text);
 /// valid number is taken; no number gives 0.
 double ParseDouble(std::string_view text);
 
+/// With ASCII letters in lower case, in any locale.
+std::string LowerAscii(std::string_view text);
+
 /// Compares ASCII letters without regard to case, in any locale.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 

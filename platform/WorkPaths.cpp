@@ -65,6 +65,26 @@ std::string ReadWorkPath(const SettingsFolders& folders)
     return content;
 }
 
+void RecordWorkPath(const SettingsFolders& folders, const std::filesystem::path& folder)
+{
+    const auto settings = LocateSettingsFile(folders, kFixedPathFile);
+    std::error_code error;
+    // The empty name behind it gives the path its separator at the end.
+    auto path = std::filesystem::absolute(folder, error).lexically_normal() / "";
+    if (!settings || error)
+        return;
+    const std::string utf8 = Utf8FromPath(path.make_preferred());
+    const std::string text = Windows1252FromUtf8(utf8);
+    if (text.size() < kLongestPath && Utf8FromWindows1252(text) == utf8)
+        (void)WriteFileAtomically(*settings / kWorkPathFile, text);
+}
+
+bool IsTestStation(const SettingsFolders& folders)
+{
+    PositionalFile file;
+    return !folders.program.empty() && file.Open(folders.program / kStationFile) == FileStatus::Ok;
+}
+
 std::filesystem::path FolderFromText(std::string_view text)
 {
     std::string folder(text.substr(0, text.find_first_of("\r\n")));

@@ -33,6 +33,18 @@ std::optional<std::filesystem::path> LocateSettingsFile(
 /// The content of "Kestrel6_Path.txt" in the program's folder as it stands, or empty.
 std::string ReadWorkPath(const SettingsFolders& folders);
 
+/// Makes a folder the work path: writes it into "Kestrel6_Path.txt" beside "Kestrel6_FixPath.txt",
+/// ended by a separator. Nothing is written where there is no such file, and for a folder that does
+/// not fit into the 260 characters of Windows-1252 that the test program has for it. Whether it was
+/// written is nothing that anybody has to be told.
+void RecordWorkPath(const SettingsFolders& folders, const std::filesystem::path& folder);
+
+/// The settings file of a test station.
+inline constexpr std::string_view kStationFile = "Fct_Tst6.ini";
+
+/// Whether this machine is a test station: the program's own folder holds the station's file.
+bool IsTestStation(const SettingsFolders& folders);
+
 /// The folder that a text of these files names, without the line end that an editor may have left
 /// behind it. Where folders are told apart by '/', every '\\' becomes one.
 std::filesystem::path FolderFromText(std::string_view text);

@@ -2,7 +2,9 @@
 
 #include "platform/posix/SystemError.h"
 
+#include <algorithm>
 #include <fcntl.h>
+#include <limits>
 #include <optional>
 #include <sys/stat.h>
 #include <system_error>
@@ -28,12 +30,16 @@ std::filesystem::path BehindLinks(const std::filesystem::path& target)
     return path;
 }
 
-/// What may be put at the target: nothing stands there, or a regular file that we may write to.
-FileStatus CheckTarget(const std::filesystem::path& target, std::optional<mode_t>& permissions)
+/// What may be put at the target: nothing stands there, or a regular file that we may write to, or
+/// a link that is to be replaced. Links to be followed have been, to their end.
+FileStatus CheckTarget(const std::filesystem::path& target, AtomicFile::Links links,
+    std::optional<mode_t>& permissions)
 {
     struct stat information = {};
-    if (stat(target.c_str(), &information) != 0)
+    if (lstat(target.c_str(), &information) != 0)
         return errno == ENOENT ? FileStatus::Ok : StatusFromError(errno);
+    if (S_ISLNK(information.st_mode))
+        return links == AtomicFile::Links::Replaced ? FileStatus::Ok : FileStatus::Failed;
     if (S_ISDIR(information.st_mode))
         return FileStatus::IsFolder;
     if (!S_ISREG(information.st_mode))
@@ -61,14 +67,15 @@ AtomicFile::~AtomicFile()
     Discard();
 }
 
-FileStatus AtomicFile::Open(const std::filesystem::path& target)
+FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
 {
     Discard();
     if (target.empty() || HoldsZeroByte(target))
         return m_status = FileStatus::NotFound;
-    m_target = BehindLinks(target);
+    m_links = links;
+    m_target = links == Links::Followed ? BehindLinks(target) : target;
     std::optional<mode_t> permissions;
-    m_status = CheckTarget(m_target, permissions);
+    m_status = CheckTarget(m_target, links, permissions);
     if (m_status != FileStatus::Ok)
         return m_status;
     m_bReplaces = permissions.has_value();
@@ -116,12 +123,30 @@ FileStatus AtomicFile::Overwrite(std::uint64_t offset, std::span<const std::uint
     return m_status;
 }
 
+std::uint64_t AtomicFile::CopyWithinSystem(
+    const PositionalFile& source, std::uint64_t offset, std::uint64_t count)
+{
+    constexpr auto kLastOffset = static_cast<std::uint64_t>(std::numeric_limits<off_t>::max());
+    constexpr std::uint64_t kLargestPiece = std::uint64_t{1} << 30;
+    std::uint64_t done = 0;
+    while (done < count && offset <= kLastOffset) {
+        auto position = static_cast<off_t>(offset + done);
+        const auto wanted = static_cast<std::size_t>(std::min(count - done, kLargestPiece));
+        const ssize_t copied =
+            copy_file_range(source.m_descriptor, &position, m_descriptor, nullptr, wanted, 0);
+        if (copied <= 0)
+            break;
+        done += static_cast<std::uint64_t>(copied);
+    }
+    return done;
+}
+
 FileStatus AtomicFile::Commit(Flush flush)
 {
     if (m_descriptor < 0)
         return m_status;
     FileStatus status = FlushBuffer();
-    const bool flushes = flush == Flush::Always || m_bReplaces;
+    const bool flushes = Flushes(flush);
     if (status == FileStatus::Ok && flushes && fsync(m_descriptor) != 0)
         status = StatusFromError(errno);
     if (close(std::exchange(m_descriptor, -1)) != 0 && status == FileStatus::Ok)

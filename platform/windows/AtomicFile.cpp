@@ -24,13 +24,18 @@ FileStatus CheckTarget(const std::filesystem::path& target, bool& exists)
 }
 
 /// Puts the temporary file in the target's place. Replacing keeps the target's attributes and
-/// access rights, so it is tried first; it needs a target and a file system that can do it.
-bool MoveIntoPlace(const std::filesystem::path& temporary, const std::filesystem::path& target)
+/// access rights, so it is tried first, where a link may be followed; it needs a target and a file
+/// system that can do it.
+bool MoveIntoPlace(const std::filesystem::path& temporary, const std::filesystem::path& target,
+    AtomicFile::Links links, bool flushes)
 {
-    return ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
-               nullptr, nullptr)
-        || MoveFileExW(
-            temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    if (links == AtomicFile::Links::Followed
+        && ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
+            nullptr, nullptr))
+        return true;
+    return MoveFileExW(temporary.c_str(), target.c_str(),
+               MOVEFILE_REPLACE_EXISTING | (flushes ? MOVEFILE_WRITE_THROUGH : 0U))
+        != 0;
 }
 
 } // namespace
@@ -40,11 +45,12 @@ AtomicFile::~AtomicFile()
     Discard();
 }
 
-FileStatus AtomicFile::Open(const std::filesystem::path& target)
+FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
 {
     Discard();
     if (target.empty() || HoldsZeroByte(target))
         return m_status = FileStatus::NotFound;
+    m_links = links;
     m_target = target;
     m_status = CheckTarget(m_target, m_bReplaces);
     if (m_status != FileStatus::Ok)
@@ -89,16 +95,21 @@ FileStatus AtomicFile::Overwrite(std::uint64_t offset, std::span<const std::uint
     return m_status;
 }
 
+std::uint64_t AtomicFile::CopyWithinSystem(const PositionalFile&, std::uint64_t, std::uint64_t)
+{
+    return 0; // The system copies whole files only.
+}
+
 FileStatus AtomicFile::Commit(Flush flush)
 {
     if (m_handle == nullptr)
         return m_status;
     FileStatus status = FlushBuffer();
-    const bool flushes = flush == Flush::Always || m_bReplaces;
+    const bool flushes = Flushes(flush);
     if (status == FileStatus::Ok && flushes && !FlushFileBuffers(m_handle))
         status = StatusFromError(GetLastError());
     CloseHandle(std::exchange(m_handle, nullptr));
-    if (status == FileStatus::Ok && !MoveIntoPlace(m_temporary, m_target))
+    if (status == FileStatus::Ok && !MoveIntoPlace(m_temporary, m_target, m_links, flushes))
         status = StatusFromError(GetLastError());
     if (status == FileStatus::Ok)
         m_temporary.clear();

@@ -4,8 +4,6 @@
 
 #include <vector>
 #ifndef _WIN32
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -116,7 +114,58 @@ TEST(AtomicFile, AReadOnlyFileIsLeftAlone)
     std::filesystem::permissions(target, kWrite, std::filesystem::perm_options::add);
 }
 
+TEST(AtomicFile, TakesPartsOfAnotherFile)
+{
+    const TempFolder folder;
+    std::string bytes;
+    for (int i = 0; i < 700'000; ++i)
+        bytes += std::to_string(i);
+    PositionalFile source;
+    ASSERT_EQ(source.Open(folder.Write("source", bytes)), FileStatus::Ok);
+    const auto target = folder.Write("target", "old");
+    const std::size_t count = bytes.size() - 70'001;
+    AtomicFile file;
+    ASSERT_EQ(file.Open(target, AtomicFile::Links::Replaced), FileStatus::Ok);
+    ASSERT_EQ(file.Write("before "), FileStatus::Ok);
+    ASSERT_EQ(file.WriteFrom(source, 70'000, count), FileStatus::Ok);
+    ASSERT_EQ(file.WriteFrom(source, bytes.size(), 0), FileStatus::Ok);
+    ASSERT_EQ(file.Write(" behind"), FileStatus::Ok);
+    EXPECT_EQ(file.Commit(), FileStatus::Ok);
+    EXPECT_EQ(TempFolder::Read(target), "before " + bytes.substr(70'000, count) + " behind");
+
+    ASSERT_EQ(file.Open(target, AtomicFile::Links::Replaced), FileStatus::Ok);
+    EXPECT_EQ(file.WriteFrom(source, 70'000, count + 2), FileStatus::Failed) << "one too many";
+    EXPECT_EQ(file.Commit(), FileStatus::Failed);
+    for (const std::uint64_t offset : {std::uint64_t{1} << 63, ~std::uint64_t{0}}) {
+        ASSERT_EQ(file.Open(target), FileStatus::Ok);
+        EXPECT_EQ(file.WriteFrom(source, offset, 1), FileStatus::Failed);
+    }
+    EXPECT_EQ(TempFolder::Read(target).substr(0, 7), "before ");
+    file.Discard();
+    EXPECT_EQ(FilesIn(folder.Path()), 2U);
+}
+
 #ifndef _WIN32
+TEST(AtomicFile, ALinkIsReplacedOnRequestAndWhatIsBehindItStays)
+{
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.Path() / "sub");
+    const auto behind = folder.Write("behind", "old");
+    for (const char* const leadsTo : {"../behind", "nowhere", "link"}) {
+        const auto link = folder.Path() / "sub" / "link";
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink(leadsTo, link);
+        AtomicFile file;
+        ASSERT_EQ(file.Open(link, AtomicFile::Links::Replaced), FileStatus::Ok) << leadsTo;
+        ASSERT_EQ(file.Write("new"), FileStatus::Ok);
+        ASSERT_EQ(file.Commit(AtomicFile::Flush::Never), FileStatus::Ok);
+        EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(link)));
+        EXPECT_EQ(TempFolder::Read(link), "new");
+        EXPECT_EQ(TempFolder::Read(behind), "old");
+        EXPECT_EQ(FilesIn(folder.Path() / "sub"), 1U);
+    }
+}
+
 TEST(AtomicFile, KeepsPermissionsAndLinks)
 {
     const TempFolder folder;

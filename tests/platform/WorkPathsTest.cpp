@@ -101,6 +101,35 @@ TEST_F(WorkPathsTest, TheWorkPathIsTakenAsItStands)
     EXPECT_EQ(ReadWorkPath(folders), " D:\\Work \r\n");
 }
 
+TEST_F(WorkPathsTest, TheWorkPathIsRecordedBesideTheFixedPath)
+{
+    const auto dumps = folder.Path()
+        / "Gr\xC3\xB6\xC3\x9F"
+          "e";
+    RecordWorkPath(folders, dumps);
+    EXPECT_EQ(LocateSettingsFile(folders, "Kestrel6_Path.txt"), std::nullopt)
+        << "without a settings file there is no place for it";
+    folder.Write("program/Kestrel6_FixPath.txt", "");
+    RecordWorkPath(folders, dumps / "sub" / "..");
+    EXPECT_EQ(FolderFromText(ReadWorkPath(folders)), dumps / "") << ReadWorkPath(folders);
+    EXPECT_EQ(ReadWorkPath(folders).find('\xC3'), std::string::npos) << "in code page 1252";
+
+    const std::string before = ReadWorkPath(folders);
+    RecordWorkPath(folders, folder.Path() / "\xD0\x96");
+    EXPECT_EQ(ReadWorkPath(folders), before) << "a letter outside the code page";
+    RecordWorkPath(folders, folder.Path() / std::string(260, 'x'));
+    EXPECT_EQ(ReadWorkPath(folders), before) << "longer than the test program reads";
+}
+
+TEST_F(WorkPathsTest, ATestStationHasItsFileBesideTheProgram)
+{
+    folder.Write("c/Fct_Tst6.ini", "");
+    EXPECT_FALSE(IsTestStation(folders));
+    folder.Write("program/Fct_Tst6.ini", "");
+    EXPECT_TRUE(IsTestStation(folders));
+    EXPECT_FALSE(IsTestStation({{}, folders.tests}));
+}
+
 TEST_F(WorkPathsTest, ReadingRewritesTheFileInTwentyOneLines)
 {
     const auto file = folder.Write(
