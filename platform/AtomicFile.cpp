@@ -48,8 +48,8 @@ FileStatus AtomicFile::WriteFrom(
     constexpr std::uint64_t kPieceBytes = 1024 * 1024;
     std::vector<std::uint8_t> piece(static_cast<std::size_t>(std::min(count, kPieceBytes)));
     while (count > 0 && m_status == FileStatus::Ok) {
-        const auto wanted = std::span(piece).first(
-            static_cast<std::size_t>(std::min(count, kPieceBytes)));
+        const auto wanted =
+            std::span(piece).first(static_cast<std::size_t>(std::min(count, kPieceBytes)));
         if (source.ReadAt(offset, wanted) < wanted.size())
             m_status = FileStatus::Failed;
         else
