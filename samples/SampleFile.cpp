@@ -1,5 +1,6 @@
 #include "samples/SampleFile.h"
 
+#include "samples/DumpSample.h"
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
@@ -16,6 +17,7 @@ std::vector<SampleFile> AllSamples()
         files.push_back(std::move(file));
     for (SampleFile& file : TonalSamples())
         files.push_back(std::move(file));
+    files.push_back(DumpSample(files));
     return files;
 }
 

@@ -40,6 +40,10 @@ TEST(SampleFiles, EveryTestFileOfTheFolderIsMade)
     for (const auto& entry : std::filesystem::recursive_directory_iterator(kFolder)) {
         if (entry.path().extension() != ".con")
             continue;
+        // Whoever has opened the sample dump has its members beside it.
+        if (entry.path().parent_path() == kFolder / "dump"
+            && entry.path().filename() != "test-run.con")
+            continue;
         const std::string name = entry.path().lexically_relative(kFolder).generic_string();
         EXPECT_TRUE(made.contains(name)) << name;
     }
