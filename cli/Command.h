@@ -23,6 +23,8 @@ Command HeaderCommand();
 Command AnalyseCommand();
 Command RenderCommand();
 Command ExportCommand();
+Command UnpackCommand();
+Command PackCommand();
 Command ErrorCommand();
 
 } // namespace vireo

@@ -2,6 +2,7 @@
 
 #include "cli/json/HeaderJson.h"
 #include "cli/json/Json.h"
+#include "cli/json/KitbagJson.h"
 #include "cli/json/NoiseJson.h"
 #include "cli/json/OscilloscopeJson.h"
 #include "cli/json/Subject.h"
@@ -30,6 +31,7 @@ constexpr Analyser kAnalysers[] = {
     {FileKind::Oscilloscope, AnalyseOscilloscope},
     {FileKind::Mtf, AnalyseOscilloscope},
     {FileKind::Noise, AnalyseNoise},
+    {FileKind::Kitbag, AnalyseKitbag},
     {FileKind::LightProfile, AnalysePlain},
     {FileKind::AdjustCenterCcd, AnalysePlain},
     {FileKind::VerticalCameraVerification, AnalysePlain},

@@ -55,6 +55,9 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
         UsageRow{"unknown colour", {"render", "a.con", "-o", "a.png", "--color", "pink"}},
         UsageRow{"unknown paper", {"render", "a.con", "-o", "a.pdf", "--page", "A5"}},
         UsageRow{"error code of letters", {"error", "0x65"}},
+        UsageRow{"two dumps", {"unpack", "a.con", "b.con"}},
+        UsageRow{"folder without a name", {"unpack", "a.con", "-d", ""}},
+        UsageRow{"no dump to pack into", {"pack", "a.con"}},
         UsageRow{"no zoom", {"render", "a.con", "-o", "a.png", "--zoom", "0"}}));
 
 TEST(Error, PrintsTheRowOfACode)

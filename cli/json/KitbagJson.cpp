@@ -1,0 +1,79 @@
+#include "cli/json/KitbagJson.h"
+
+#include "cli/json/Json.h"
+#include "cli/json/Subject.h"
+#include "platform/Sha256.h"
+#include "platform/Text.h"
+#include "testfile/PackedDump.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace vireo {
+
+namespace {
+
+/// The digest of a member; nothing where the dump has not got all of it.
+std::optional<std::string> Digest(
+    const PackedDump& dump, const PackedMember& member, std::vector<std::uint8_t>& buffer)
+{
+    if (!member.isWhole)
+        return std::nullopt;
+    Sha256 digest;
+    for (std::uint64_t done = 0; done < *member.size;) {
+        const auto wanted =
+            static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), *member.size - done));
+        const auto piece = std::span(buffer).first(wanted);
+        if (dump.File().ReadAt(member.offset + done, piece) < wanted)
+            return std::nullopt;
+        digest.Add(piece);
+        done += wanted;
+    }
+    return digest.HexDigest();
+}
+
+Json MemberToJson(const PackedMember& member, const std::optional<std::string>& digest)
+{
+    Json object;
+    object["name"] = FileText(member.name);
+    object["size"] = member.size ? Json(*member.size) : Json(nullptr);
+    object["sha256"] = digest ? Json(*digest) : Json(nullptr);
+    object["accepted"] = member.IsAccepted();
+    return object;
+}
+
+} // namespace
+
+std::string OpenDump(const Subject& subject, PackedDump& dump)
+{
+    const DumpResult result = dump.Open(subject.path);
+    if (result == DumpResult::Ok)
+        return {};
+    return std::string(
+        result == DumpResult::CantOpen ? Describe(dump.FileFailure()) : Describe(result));
+}
+
+FileResult AnalyseKitbag(const Subject& subject, const AnalyseSettings&)
+{
+    constexpr std::size_t kBufferBytes = std::size_t{1} << 20;
+    PackedDump dump;
+    if (std::string failure = OpenDump(subject, dump); !failure.empty())
+        return {{}, std::move(failure)};
+    Json object = BeginObject(subject);
+    object["data_offset"] = dump.DataOffset();
+    Json& members = object["members"] = Json::array();
+    std::vector<std::uint8_t> buffer(kBufferBytes);
+    std::size_t cutOff = 0;
+    for (const PackedMember& member : dump.Members()) {
+        const std::optional<std::string> digest = Digest(dump, member, buffer);
+        cutOff += digest ? 0 : 1;
+        members.push_back(MemberToJson(member, digest));
+    }
+    if (cutOff == 0)
+        return {ToLine(object), {}};
+    return {
+        ToLine(object), Format("%zu of %zu members are cut off", cutOff, dump.Members().size())};
+}
+
+} // namespace vireo
