@@ -1,6 +1,7 @@
 #include "app/CViewerDlg.h"
 
 #include "app/CommandLine.h"
+#include "app/DumpView.h"
 #include "app/FileMessage.h"
 #include "app/LoadPath.h"
 #include "platform/Log.h"
@@ -165,11 +166,6 @@ void CViewerDlg::Dispatch(const std::filesystem::path& file, Afterwards afterwar
 
 bool CViewerDlg::OpenPackedDump(const std::filesystem::path& dump)
 {
-    if (!m_setup.unpackDump) {
-        ShowMessage("Vireo cannot unpack packed dump files yet.\n\n" + MessageText(dump), {},
-            MessageIcon::Information);
-        return false;
-    }
     m_window.Shrink();
     PumpMessages();
     const bool unpacked = m_setup.unpackDump(dump);
@@ -180,7 +176,8 @@ bool CViewerDlg::OpenPackedDump(const std::filesystem::path& dump)
     const ProgramInfo info = OwnProgramInfo();
     Log_Msg_Txt(LoadStringResource(StringId::kVersion), info.fileVersion);
     Log_Msg_Txt(LoadStringResource(StringId::kBuild), info.privateBuild);
-    return RunViewer("COscilloscope_Dialog", dump.parent_path());
+    const DumpView view = ViewOfUnpackedDump(dump);
+    return RunViewer(view.viewer, view.input);
 }
 
 bool CViewerDlg::RunViewer(std::string_view viewer, const std::filesystem::path& input)

@@ -4,6 +4,7 @@
 #include "app/FileCheck.h"
 #include "app/RecentFiles.h"
 #include "app/ShrunkWindow.h"
+#include "app/UnpackBeside.h"
 #include "app/ViewerTable.h"
 #include "viewers/controls/CViewerDialog.h"
 
@@ -35,8 +36,10 @@ public:
         std::filesystem::path recentList;    ///< Where the recent files are kept; empty: nowhere.
         std::filesystem::path programFolder; ///< Where the log goes; empty: cannot be told.
         std::function<DispatchPlan(const std::filesystem::path& file)> plan = PlanDispatch;
-        /// Unpacks a packed dump into its own folder, with its own messages; false: it failed.
-        std::function<bool(const std::filesystem::path& dump)> unpackDump;
+        /// Unpacks a packed dump into its own folder, with its own messages; false: there is
+        /// nothing to show.
+        std::function<bool(const std::filesystem::path& dump)> unpackDump =
+            [](const std::filesystem::path& dump) { return UnpackBeside(dump, nullptr); };
     };
 
     explicit CViewerDlg(Setup setup, QWidget* parent = nullptr);

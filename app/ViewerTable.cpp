@@ -2,6 +2,7 @@
 
 #include "app/FileKind.h"
 #include "app/FileMessage.h"
+#include "app/UnpackBeside.h"
 #include "platform/Message.h"
 #include "viewers/controls/PictureMark.h"
 
@@ -66,6 +67,11 @@ bool ViewerTable::OpenPicture(const MarkedPicture& picture, QWidget* parent)
     }
     m_runPictureViewer(picture, parent);
     return true;
+}
+
+bool ViewerTable::UnpackDump(const std::filesystem::path& dump, QWidget* parent)
+{
+    return UnpackBeside(dump, parent);
 }
 
 void ViewerTable::ShowNoViewer(std::string_view viewer, const std::filesystem::path& file)

@@ -31,6 +31,7 @@ public:
     bool OpenViewer(
         std::string_view viewer, const std::filesystem::path& file, QWidget* parent) override;
     bool OpenPicture(const MarkedPicture& picture, QWidget* parent) override;
+    bool UnpackDump(const std::filesystem::path& dump, QWidget* parent) override;
 
     /// Tells the user, in one message, that there is no such viewer yet.
     static void ShowNoViewer(std::string_view viewer, const std::filesystem::path& file);

@@ -9,7 +9,8 @@ namespace vireo {
 
 struct MarkedPicture;
 
-/// By whom one viewer opens another without knowing it: the program's table of viewers.
+/// By whom one viewer opens another, or has a dump unpacked, without knowing how: the program's
+/// table of viewers.
 class ViewerHost {
 public:
     virtual ~ViewerHost() = default;
@@ -21,6 +22,11 @@ public:
 
     /// Opens the picture viewer modally on a picture with marks and returns when it has closed.
     virtual bool OpenPicture(const MarkedPicture& picture, QWidget* parent) = 0;
+
+    /// Unpacks a packed dump into the folder that holds it, with progress where it takes long, and
+    /// tells the user what has been left out. False when there is nothing new to show: nothing
+    /// could be unpacked, which the user has been told, or the user has cancelled it.
+    virtual bool UnpackDump(const std::filesystem::path& dump, QWidget* parent) = 0;
 };
 
 } // namespace vireo

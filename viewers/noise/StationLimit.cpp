@@ -10,7 +10,6 @@ namespace vireo {
 
 namespace {
 
-constexpr const char* kStationFile = "Fct_Tst6.ini";
 constexpr std::size_t kMostBytes = 1024 * 1024;
 
 bool ReadStationFile(std::string& content)

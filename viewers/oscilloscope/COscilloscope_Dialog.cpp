@@ -2,6 +2,7 @@
 
 #include "platform/Log.h"
 #include "platform/Message.h"
+#include "platform/Path.h"
 #include "ui_COscilloscope_Dialog.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/ViewerHost.h"
@@ -90,11 +91,13 @@ void COscilloscope_Dialog::setVisible(bool visible)
 
 void COscilloscope_Dialog::ReadFolder()
 {
+    m_loadAction->setEnabled(false);
     m_ui->loadButton->setEnabled(false);
     m_ui->lightProfileGroup->hide();
+    m_ui->folderGroup->show();
     m_entries = ListOscilloscopeFolder(m_path);
     m_ui->changeButton->setEnabled(!m_entries.empty());
-    m_ui->folderText->clear();
+    m_ui->folderText->setText(tr("No oscilloscope files"));
     if (!m_entries.empty())
         ReadEntry(0);
 }
@@ -125,7 +128,11 @@ void COscilloscope_Dialog::ReadFile()
         HandOver("CView_LPF_Dialog");
         break;
     case OscilloscopeResult::IsKitbag:
-        OpenKitbag();
+        // In a folder it is one that has been unpacked, or came out of another.
+        if (m_bUseHPDirectory)
+            TellFailure(result);
+        else
+            OpenKitbag();
         break;
     case OscilloscopeResult::CantOpen:
     case OscilloscopeResult::WrongKind:
@@ -139,6 +146,12 @@ void COscilloscope_Dialog::HandOver(std::string_view viewer)
 {
     hide();
     m_host.OpenViewer(viewer, m_path, parentWidget());
+    Close();
+}
+
+/// There is nothing to show: a dialog that still is to be run ends at once.
+void COscilloscope_Dialog::Close()
+{
     m_bHandedOver = true;
     reject();
 }
@@ -154,13 +167,21 @@ void COscilloscope_Dialog::TellFailure(OscilloscopeResult result)
     ShowMessage(TextFromQString(QStringFromPath(m_path)) + "\n" + m_data.DescribeFailure(result));
 }
 
+/// Unpacks m_path and goes over to the files of its folder.
 void COscilloscope_Dialog::OpenKitbag()
 {
     // A hidden QDialog would end its modal run; this one goes on after the message.
     QWidget::setVisible(false);
     ShowMessage("This is a Kitbag packed file,\nand it will now be unpacked.");
-    ShowMessage("Packed files cannot be unpacked here yet.");
-    if (m_bDrawingReady)
+    const bool unpacked = m_host.UnpackDump(m_path, parentWidget());
+    if (unpacked) {
+        m_bUseHPDirectory = true;
+        m_path = FolderOf(m_path);
+        ReadFolder();
+    } else if (!m_bDrawingReady) {
+        Close();
+    }
+    if (m_bDrawingReady && !m_bHandedOver)
         QWidget::setVisible(true);
 }
 

@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+class QAction;
 class QRadioButton;
 
 namespace Ui {
@@ -29,8 +30,8 @@ class ViewerHost;
 /// line with two detail views under it. A file of many lines is shown line after line.
 ///
 /// It opens on one file, or on a folder that holds the several oscilloscope files of a test run and
-/// switches between them. A file of another kind is handed to its own viewer, and the dialog
-/// closes.
+/// switches between them. A packed dump is unpacked, and its folder shown. A file of another kind
+/// is handed to its own viewer, and the dialog closes.
 ///
 /// Keys: A to H choose a camera, + and - zoom the overview, 0 and Home show its whole line; Space
 /// holds the lines, Left, Right, Page Up and Page Down step through them.
@@ -44,8 +45,8 @@ public:
         ViewerHost& host, QWidget* parent = nullptr);
     ~COscilloscope_Dialog() override;
 
-    /// Whether the file went to another viewer, which has been closed since: there is nothing to
-    /// show then, and running the dialog returns at once.
+    /// Whether the file went to another viewer, which has been closed since, or was a dump that has
+    /// not been unpacked: there is nothing to show then, and running the dialog returns at once.
     bool HasHandedOver() const { return m_bHandedOver; }
 
     int exec() override;
@@ -71,6 +72,7 @@ private:
     void ReadFolder();
     void ReadEntry(std::size_t index);
     void HandOver(std::string_view viewer);
+    void Close();
     void OpenKitbag();
     void TellMissingItems();
     void TellFailure(OscilloscopeResult result);
@@ -121,6 +123,7 @@ private:
     bool m_bHandedOver = false;
     OscilloscopeData m_data;
     std::unique_ptr<OscilloscopePlots> m_plots;
+    QAction* m_loadAction = nullptr;
     LineAnimation m_animation;
     QTimer m_timer;
     std::vector<OscilloscopeFolderEntry> m_entries;

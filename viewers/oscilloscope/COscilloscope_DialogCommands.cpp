@@ -68,9 +68,8 @@ QAction* COscilloscope_Dialog::MakeAction(
 void COscilloscope_Dialog::SetUpMenus()
 {
     using Dialog = COscilloscope_Dialog;
-    QAction* const load = MakeAction(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad);
-    load->setEnabled(!m_bUseHPDirectory);
-    AddToFileMenu(load);
+    m_loadAction = MakeAction(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad);
+    AddToFileMenu(m_loadAction);
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint));
     AddToFileMenu(MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview));
     AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine));

@@ -19,20 +19,11 @@ namespace {
 constexpr std::string_view kNameStart = "oscil_";
 constexpr std::string_view kExtension = ".con";
 
-std::string LowerCase(std::string text)
-{
-    for (char& character : text) {
-        if (character >= 'A' && character <= 'Z')
-            character = static_cast<char>(character - 'A' + 'a');
-    }
-    return text;
-}
-
 } // namespace
 
 std::optional<OscilloscopeFolderEntry> OscilloscopeEntryFromPath(const std::filesystem::path& path)
 {
-    const std::string name = LowerCase(Utf8FromPath(path.filename()));
+    const std::string name = LowerAscii(Utf8FromPath(path.filename()));
     if (!name.starts_with(kNameStart) || !name.ends_with(kExtension)
         || name.size() < kNameStart.size() + kExtension.size())
         return std::nullopt;
@@ -62,8 +53,8 @@ std::vector<OscilloscopeFolderEntry> ListOscilloscopeFolder(const std::filesyste
     // Systems list a folder in any order; the first entry is shown first, so it must not change.
     std::sort(entries.begin(), entries.end(),
         [](const OscilloscopeFolderEntry& left, const OscilloscopeFolderEntry& right) {
-            const std::string leftName = LowerCase(Utf8FromPath(left.path.filename()));
-            const std::string rightName = LowerCase(Utf8FromPath(right.path.filename()));
+            const std::string leftName = LowerAscii(Utf8FromPath(left.path.filename()));
+            const std::string rightName = LowerAscii(Utf8FromPath(right.path.filename()));
             return leftName != rightName ? leftName < rightName : left.path < right.path;
         });
     return entries;

@@ -1,5 +1,7 @@
+#include "app/UnpackBeside.h"
 #include "platform/Log.h"
 #include "platform/Message.h"
+#include "tests/DumpFile.h"
 #include "tests/TempFolder.h"
 #include "tests/viewers/oscilloscope/OscilloscopeFile.h"
 #include "viewers/controls/CLPFControle.h"
@@ -27,7 +29,7 @@
 namespace vireo {
 namespace {
 
-/// Notes what it is asked to open.
+/// Notes what it is asked to open; dumps it unpacks as the program does.
 class HostRecorder : public ViewerHost {
 public:
     bool OpenViewer(
@@ -38,6 +40,11 @@ public:
         return true;
     }
     bool OpenPicture(const MarkedPicture&, QWidget*) override { return false; }
+    bool UnpackDump(const std::filesystem::path& dump, QWidget* parent) override
+    {
+        m_bParentWasHidden = !parent || !parent->isVisible();
+        return UnpackBeside(dump, parent);
+    }
 
     std::vector<std::string> m_opened;
     bool m_bParentWasHidden = false;
@@ -239,9 +246,7 @@ INSTANTIATE_TEST_SUITE_P(All, UnreadableFileTest,
         UnreadableCase{"Empty", "", "Not an oscilloscope file", 1},
         UnreadableCase{"OtherKind", "[StarTest]\nDataPointer=3\n", "Not an oscilloscope file", 1},
         UnreadableCase{
-            "DataBehindTheEnd", "[Oscilloscope]\nDataPointer=      9999\n", "a.con\n", 1},
-        UnreadableCase{"Packed", "[Kitbag]\nDataPointer=        34\n",
-            "This is a Kitbag packed file,\nand it will now be unpacked.", 2}),
+            "DataBehindTheEnd", "[Oscilloscope]\nDataPointer=      9999\n", "a.con\n", 1}),
     [](const auto& test) { return test.param.name; });
 
 TEST_F(COscilloscope_DialogTest, AnotherCameraRefitsTheDetailViews)
@@ -544,9 +549,75 @@ TEST_F(FolderTest, ShowsItsFirstFileAndChangesToAnother)
 TEST_F(FolderTest, AFolderWithoutFilesShowsNothing)
 {
     ASSERT_TRUE(Open(m_folder.Path(), true));
-    EXPECT_EQ(Text("folderText"), "");
+    EXPECT_EQ(Text("folderText"), "No oscilloscope files");
     EXPECT_FALSE(Button("changeButton").isEnabled());
     EXPECT_TRUE(m_messages.Messages().empty());
+    EXPECT_EQ(OfferedCameras(), "");
+}
+
+TEST_F(FolderTest, ADumpInAFolderIsNotUnpackedAgain)
+{
+    m_folder.Write("Oscil_1.con", DumpFile{{{"a.con", ""}}}.Bytes());
+    ASSERT_TRUE(Open(m_folder.Path(), true));
+    ASSERT_EQ(m_messages.Messages().size(), 1U);
+    EXPECT_NE(m_messages.Messages()[0].text.find("A packed dump"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(m_folder.Path() / "a.con"));
+}
+
+class DumpTest : public FileDialogTest {
+protected:
+    /// Two oscilloscope files, and one that is refused.
+    void WriteDump() const
+    {
+        OscilloscopeFile gray;
+        gray.color = TestFileHeader::kColorGray;
+        m_folder.Write("dump.con",
+            DumpFile{{{"Oscil_600.con", OscilloscopeFile().Bytes()}, {"../a.con", ""},
+                         {"Oscil_Gray_300.con", gray.Bytes()}}}
+                .Bytes());
+    }
+    void ExpectItsFolder() const
+    {
+        ASSERT_EQ(m_messages.Messages().size(), 2U);
+        EXPECT_EQ(m_messages.Messages()[0].text,
+            "This is a Kitbag packed file,\nand it will now be unpacked.");
+        EXPECT_NE(
+            m_messages.Messages()[1].text.find("1 of 3 files were left out"), std::string::npos);
+        EXPECT_TRUE(m_dialog->isVisible());
+        EXPECT_TRUE(Find<QWidget>("folderGroup").isVisible());
+        EXPECT_EQ(Text("folderText"), "600dpi Color Adjusted");
+        EXPECT_EQ(OfferedCameras(), "ABC");
+    }
+};
+
+TEST_F(DumpTest, IsUnpackedAndItsFolderShown)
+{
+    WriteDump();
+    ASSERT_TRUE(Open(m_folder.Path() / "dump.con"));
+    ExpectItsFolder();
+    EXPECT_FALSE(Find<QWidget>("lightProfileGroup").isVisible());
+}
+
+TEST_F(DumpTest, TheSameThroughLoadWhichIsNotOfferedAfterwards)
+{
+    WriteDump();
+    ASSERT_TRUE(Open(OscilloscopeFile()));
+    Answer("Ctrl+O", "dump.con");
+    EXPECT_TRUE(m_host.m_bParentWasHidden);
+    ExpectItsFolder();
+    QTest::keyClick(m_dialog.get(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(DumpTest, ThatCannotBeUnpackedShowsNothing)
+{
+    m_folder.Write("bad.con", "[Kitbag]\nDataPointer=        99\n");
+    EXPECT_FALSE(Open(m_folder.Path() / "bad.con"));
+    ASSERT_EQ(m_messages.Messages().size(), 2U);
+    EXPECT_NE(m_messages.Messages()[1].text.find("lies behind the end"), std::string::npos);
+    ASSERT_TRUE(Open(OscilloscopeFile()));
+    Answer("Ctrl+O", "bad.con");
+    EXPECT_TRUE(m_dialog->isVisible());
     EXPECT_EQ(OfferedCameras(), "");
 }
 
