@@ -34,5 +34,6 @@ struct LoadedPlot {
 };
 LoadedPlot LoadOscilloscopePlot(const std::string& file);
 LoadedPlot LoadNoisePlot(const std::string& file);
+LoadedPlot LoadTiffPlot(const std::string& file);
 
 } // namespace vireo

@@ -35,6 +35,7 @@ constexpr PlotRow kPlots[] = {
     {FileKind::Oscilloscope, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Mtf, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Noise, {1600, 500}, LoadNoisePlot},
+    {FileKind::Tiff, {1600, 1000}, LoadTiffPlot},
 };
 
 /// Draws into a new picture each time, as a control does whose kept picture was dropped.

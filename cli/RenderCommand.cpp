@@ -5,6 +5,7 @@
 #include "cli/Output.h"
 #include "cli/render/NoisePicture.h"
 #include "cli/render/OscilloscopePicture.h"
+#include "cli/render/TiffPicture.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 
@@ -109,6 +110,7 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, RenderOscilloscope},
     {FileKind::Mtf, RenderOscilloscope},
     {FileKind::Noise, RenderNoise},
+    {FileKind::Tiff, RenderTiff},
 };
 
 int Run(const Settings& settings)

@@ -1,8 +1,10 @@
 #include "samples/BigFiles.h"
 
+#include "imagefile/TifPage.h"
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
+#include "samples/TiffSamples.h"
 #include "viewers/startest/StarTestWriter.h"
 
 #include <algorithm>
@@ -123,7 +125,7 @@ bool WriteBigStarTest(std::uint64_t bytes, const std::filesystem::path& path)
 std::string_view BigFileKinds()
 {
     return "oscilloscope oscilloscope-gray oscilloscope-line oscilloscope-gray-line noise "
-           "noise-gray startest";
+           "noise-gray startest tiff tiff-lzw";
 }
 
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path)
@@ -132,6 +134,10 @@ bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesys
         return WriteBigNoise(kind == "noise-gray", bytes, path);
     if (kind == "startest")
         return WriteBigStarTest(bytes, path);
+    if (kind == "tiff")
+        return WriteBigTiff(TifCompression::kNone, bytes, path);
+    if (kind == "tiff-lzw")
+        return WriteBigTiff(TifCompression::kLzw, bytes, path);
     const auto row = std::find_if(std::begin(kKinds), std::end(kKinds),
         [kind](const BigKind& known) { return known.name == kind; });
     if (row == std::end(kKinds))

@@ -4,6 +4,7 @@
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
+#include "samples/TiffSamples.h"
 #include "samples/TonalSamples.h"
 
 namespace vireo {
@@ -18,6 +19,8 @@ std::vector<SampleFile> AllSamples()
     for (SampleFile& file : TonalSamples())
         files.push_back(std::move(file));
     files.push_back(DumpSample(files));
+    for (SampleFile& file : TiffSamples())
+        files.push_back(std::move(file));
     return files;
 }
 

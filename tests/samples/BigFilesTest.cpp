@@ -1,6 +1,7 @@
 #include "samples/BigFiles.h"
 #include "tests/TempFolder.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
+#include "viewers/picture/PictureData.h"
 
 #include <gtest/gtest.h>
 
@@ -42,12 +43,29 @@ TEST(BigFiles, AreReadAsWhatTheyAreMadeFor)
     }
 }
 
+TEST(BigFiles, ArePicturesOfAboutSoManyPixels)
+{
+    const TempFolder folder;
+    for (const char* const kind : {"tiff", "tiff-lzw"}) {
+        const auto path = folder.Path() / "big.tif";
+        ASSERT_TRUE(WriteBigFile(kind, 90'700, path));
+        PictureData data;
+        ASSERT_EQ(data.Open(path), ImageResult::Ok);
+        EXPECT_EQ(data.Page().width, 301U);
+        EXPECT_EQ(data.Page().height, 301U);
+        WorkProgress progress;
+        data.Load(progress);
+        EXPECT_EQ(data.RowsResult(), ImageResult::Ok);
+    }
+}
+
 TEST(BigFiles, RefuseWhatTheyCannotMake)
 {
     const TempFolder folder;
     EXPECT_FALSE(WriteBigFile("telescope", 1000, folder.Path() / "a.con"));
     EXPECT_FALSE(WriteBigFile("oscilloscope", 1000, folder.Path() / "missing" / "a.con"));
     EXPECT_FALSE(WriteBigFile("oscilloscope-line", 1'000'000'000'000, folder.Path() / "a.con"));
+    EXPECT_FALSE(WriteBigFile("tiff", 1'000'000'000'000, folder.Path() / "a.tif"));
 }
 
 } // namespace

@@ -1,0 +1,70 @@
+#include "cli/render/TiffPicture.h"
+
+#include "cli/Output.h"
+#include "cli/render/PictureFile.h"
+#include "viewers/picture/PictureData.h"
+#include "viewers/picture/PicturePlot.h"
+#include "viewers/picture/PictureText.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <thread>
+
+namespace vireo {
+
+namespace {
+
+std::string LoadPicture(const Subject& subject, PictureData& data)
+{
+    if (const ImageResult result = data.Open(subject.path); result != ImageResult::Ok)
+        return std::string(Describe(result));
+    WorkProgress progress;
+    data.Load(progress, std::max(std::thread::hardware_concurrency(), 1U));
+    return std::string(Describe(data.RowsResult()));
+}
+
+/// The whole picture, so many times as large about its middle.
+PictureView ViewOf(const TifPage& page, PictureSize size, int times)
+{
+    const PictureView whole =
+        PictureView::Start(page.width, page.height, size.width, size.height).Fitted();
+    const double zoom = std::min(whole.zoom * times, PictureView::kLargestZoom);
+    return whole.ZoomedAt(size.width / 2, size.height / 2, zoom >= 1.0 ? std::round(zoom) : zoom);
+}
+
+} // namespace
+
+std::string RenderTiff(const Subject& subject, const Settings& settings)
+{
+    PictureData data;
+    if (std::string failure = LoadPicture(subject, data); !failure.empty())
+        return failure;
+    std::vector<CameraBoundary> boundaries;
+    if (data.Cameras())
+        boundaries = CameraBoundaries(*data.Cameras(), data.Page().width);
+    constexpr PictureSize kDefaultSize{1600, 1000};
+    Settings sized = settings;
+    sized.givenSize = settings.givenSize.value_or(kDefaultSize);
+    const PictureSize size = *sized.givenSize;
+    PicturePlotContent content;
+    content.picture = data.Content();
+    content.view = ViewOf(data.Page(), size, settings.zoom);
+    content.coveredRows = data.CoveredRows();
+    content.boundaries = boundaries;
+
+    const DrawingSession session;
+    Drawing drawing;
+    drawing.title = subject.name;
+    drawing.drawPlot = [&](QPainter& painter) {
+        QImage canvas;
+        DrawPicturePlot(painter, QRectF(0.0, 0.0, size.width, size.height), content, canvas);
+    };
+    drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
+        DrawPicturePage(painter, page, PictureHeaderLines(data), content);
+    };
+    return DescribeOutput(settings.output, WritePicture(drawing, sized));
+}
+
+} // namespace vireo
