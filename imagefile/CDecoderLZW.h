@@ -11,7 +11,7 @@ namespace vireo {
 ///
 /// Every string of the table lies somewhere in what was decoded: a new entry is the string before
 /// and the first byte of the string behind it, which stand there side by side. So the decoder keeps
-/// its output since the last clear code, and an entry is a place and a length.
+/// its output since the last clear code, an entry is a place and a length, and rows are copied out.
 class CTIFReader::CDecoderLZW : public CDecoder {
 public:
     CDecoderLZW(std::size_t bytesPerRow, TifStream& stream);
@@ -20,12 +20,9 @@ public:
     ImageResult StartStrip() override;
 
 private:
-    static constexpr std::size_t kCodes = 4096;
-
+    /// A string of the table, in the output.
     struct String {
-        std::uint64_t
-            head; ///< The first 8 bytes, the first one lowest; only that one for longer strings.
-        std::uint32_t start; ///< Where it lies in the output, needed for more than 8 bytes.
+        std::uint32_t start;
         std::uint32_t length;
     };
 
@@ -36,20 +33,25 @@ private:
     };
 
     void DecodeSome(std::size_t wanted);
+    template <unsigned Width>
     void DecodeRun(std::size_t codes, std::size_t target);
+    void DecodeRunOfWidth(std::size_t codes, std::size_t target);
+    void DecodeCode();
+    void PutFirst(unsigned code);
     void Clear();
-    void Rewind();
+    void GrowWidth();
+    void DropDelivered();
 
+    /// Begins with the 256 single bytes, the strings that are always there.
     std::unique_ptr<std::uint8_t[]> m_output;
-    std::size_t m_produced = 0;  ///< Bytes in m_output,
-    std::size_t m_delivered = 0; ///< of which so many are in rows.
+    std::size_t m_produced = 0;  ///< Where the output ends,
+    std::size_t m_delivered = 0; ///< and where that begins that is not in a row yet.
     std::unique_ptr<String[]> m_strings;
     std::uint32_t m_next = 0;   ///< The entry that is made next.
     std::uint32_t m_growAt = 0; ///< The width grows when m_next gets here.
     unsigned m_width = 0;       ///< Bits of a code.
-    bool m_hasPrevious = false;
-    String m_previous{};
-    unsigned m_usedBits = 0; ///< Of the stream's next byte.
+    String m_previous{};        ///< Length 0: there is none.
+    unsigned m_usedBits = 0;    ///< Of the stream's next byte.
     State m_state = State::Ended;
 };
 

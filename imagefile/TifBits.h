@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -21,6 +22,20 @@ inline void StoreBigEndian64(std::uint8_t* bytes, std::uint64_t value)
     if constexpr (std::endian::native == std::endian::little)
         value = __builtin_bswap64(value);
     std::memcpy(bytes, &value, sizeof(value));
+}
+
+/// Copies bytes that do not overlap, in pieces that the C library copies with vector instructions.
+/// Larger ones it gives to the processor's string copy, which on some processors goes at 2.3
+/// instead of 10 GB/s where the target's place in its page is up to 64 bytes ahead of the source's.
+inline void CopyInPieces(std::uint8_t* to, const std::uint8_t* from, std::size_t count)
+{
+    constexpr std::size_t kPiece = 1024;
+    for (; count > kPiece; count -= kPiece) {
+        std::memcpy(to, from, kPiece);
+        to += kPiece;
+        from += kPiece;
+    }
+    std::memcpy(to, from, count);
 }
 
 } // namespace vireo

@@ -1,78 +1,94 @@
 #include "imagefile/TifStream.h"
 
+#include "imagefile/TifBits.h"
+
 #include <algorithm>
+#include <cassert>
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace vireo {
 
+namespace {
+
+/// Bytes of the source lie in memory at the same place of a page as in the source. Processors copy
+/// slowly to where addresses are a little ahead of the source's in this respect: reading a cached
+/// file went at 2.3 instead of 9 GB/s.
+constexpr std::size_t kPageBytes = 4096;
+static_assert(TifStream::kMostKept % kPageBytes == 0);
+
+std::uint8_t* AllocateAligned(std::size_t bytes)
+{
+    return static_cast<std::uint8_t*>(::operator new (bytes, std::align_val_t{kPageBytes}));
+}
+
+} // namespace
+
+void TifStream::FreeAligned::operator()(std::uint8_t* memory) const
+{
+    ::operator delete (memory, std::align_val_t{kPageBytes});
+}
+
 TifStream::TifStream(Source source, std::size_t windowBytes)
     : m_source(std::move(source)),
       m_windowBytes(windowBytes),
-      m_window(std::make_unique_for_overwrite<std::uint8_t[]>(windowBytes + kSlackBytes))
+      m_memory(AllocateAligned(kMostKept + windowBytes + kPageBytes + kSlackBytes))
 {
-    std::memset(m_window.get(), 0, kSlackBytes);
+    Forget();
+}
+
+void TifStream::Forget()
+{
+    m_endOffset = 0;
+    m_begin = m_next = m_end = kMostKept;
+    m_atEnd = false;
+    std::memset(m_memory.get() + m_end, 0, kSlackBytes);
 }
 
 void TifStream::Seek(std::uint64_t offset)
 {
     // The next strip mostly begins where the last one ended, with its first bytes at hand.
-    if (offset >= m_offset && offset - m_offset <= m_end) {
-        m_next = static_cast<std::size_t>(offset - m_offset);
+    const std::uint64_t back = m_endOffset - offset;
+    if (offset <= m_endOffset && back <= m_end - m_begin) {
+        m_next = m_end - static_cast<std::size_t>(back);
         return;
     }
     Forget();
-    m_offset = offset;
-}
-
-void TifStream::Forget()
-{
-    m_offset = 0;
-    m_next = 0;
-    m_end = 0;
-    m_atEnd = false;
+    m_endOffset = offset;
 }
 
 bool TifStream::Refill()
 {
-    if (m_atEnd || (m_next == 0 && m_end == m_windowBytes))
+    assert(Ahead() <= kMostKept);
+    if (m_atEnd)
         return false;
     const std::size_t kept = Ahead();
-    std::memmove(m_window.get(), Next(), kept);
-    m_offset += m_next;
-    m_next = 0;
-    const std::size_t room = m_windowBytes - kept;
-    const std::size_t count = m_source(m_offset + kept, {m_window.get() + kept, room});
-    m_end = kept + count;
+    const std::size_t inPage = (m_endOffset + 2048) % std::min(kPageBytes, m_windowBytes);
+    const std::size_t place = kMostKept + inPage;
+    std::memmove(m_memory.get() + place - kept, Next(), kept);
+    const std::size_t room = m_windowBytes - inPage;
+    const std::size_t count = m_source(m_endOffset, {m_memory.get() + place, room});
+    m_begin = m_next = place - kept;
+    m_end = place + count;
+    m_endOffset += count;
     m_atEnd = count < room;
-    std::memset(m_window.get() + m_end, 0, kSlackBytes);
+    std::memset(m_memory.get() + m_end, 0, kSlackBytes);
     return count != 0;
 }
 
-std::size_t TifStream::TakeFromWindow(std::span<std::uint8_t> into)
-{
-    const std::size_t count = std::min(into.size(), Ahead());
-    std::memcpy(into.data(), Next(), count);
-    Skip(count);
-    return count;
-}
-
+/// Never straight into the buffer: where that lies is a matter of luck, see kPageBytes.
 std::size_t TifStream::Read(std::span<std::uint8_t> into)
 {
-    std::size_t done = TakeFromWindow(into);
-    while (done < into.size() && !m_atEnd) {
-        const auto rest = into.subspan(done);
-        if (rest.size() >= m_windowBytes) {
-            // Large rows go to their place directly.
-            const std::size_t count = m_source(m_offset + m_end, rest);
-            Seek(m_offset + m_end + count);
-            m_atEnd = count < rest.size();
-            return done + count;
-        }
-        Refill();
-        done += TakeFromWindow(rest);
+    std::size_t done = 0;
+    for (;;) {
+        const std::size_t count = std::min(into.size() - done, Ahead());
+        CopyInPieces(into.data() + done, Next(), count);
+        Skip(count);
+        done += count;
+        if (done == into.size() || !Refill())
+            return done;
     }
-    return done;
 }
 
 } // namespace vireo

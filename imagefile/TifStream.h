@@ -16,10 +16,13 @@ public:
     /// were: fewer only at the end.
     using Source = std::function<std::size_t(std::uint64_t offset, std::span<std::uint8_t> into)>;
 
-    static constexpr std::size_t kWindowBytes = 64 * 1024;
+    static constexpr std::size_t kWindowBytes = 128 * 1024;
     static constexpr std::size_t kSlackBytes = 64;
+    /// So many bytes that are still at hand a refill can keep.
+    static constexpr std::size_t kMostKept = 4096;
 
-    /// A small window is for tests, which try every place where it can end.
+    /// The window's size is a power of two. A small one is for tests, which try every place where
+    /// it can end.
     explicit TifStream(Source source, std::size_t windowBytes = kWindowBytes);
 
     /// Goes on at an offset; beyond the end nothing can be read.
@@ -29,28 +32,30 @@ public:
     void Forget();
 
     /// The bytes that are at hand, from the position on.
-    const std::uint8_t* Next() const { return m_window.get() + m_next; }
+    const std::uint8_t* Next() const { return m_memory.get() + m_next; }
     std::size_t Ahead() const { return m_end - m_next; }
     /// Moves on by bytes that are at hand.
     void Skip(std::size_t count) { m_next += count; }
 
-    /// Puts more bytes at hand. Returns false when all bytes up to the end already are, or when
-    /// none of the window is used up.
+    /// Puts more bytes at hand. At most kMostKept may be. Returns false when there are no more.
     bool Refill();
 
     /// Fills a buffer and moves on; returns how many bytes there were.
     std::size_t Read(std::span<std::uint8_t> into);
 
 private:
-    std::size_t TakeFromWindow(std::span<std::uint8_t> into);
+    struct FreeAligned {
+        void operator()(std::uint8_t* memory) const;
+    };
 
     Source m_source;
     std::size_t m_windowBytes;
-    std::unique_ptr<std::uint8_t[]> m_window;
-    std::uint64_t m_offset = 0; ///< Of the window's first byte.
-    std::size_t m_next = 0;
-    std::size_t m_end = 0;
-    bool m_atEnd = false; ///< The source has nothing behind the window.
+    std::unique_ptr<std::uint8_t[], FreeAligned> m_memory; ///< kMostKept, window, slack.
+    std::uint64_t m_endOffset = 0;                         ///< In the source, of m_end.
+    std::size_t m_begin = kMostKept; ///< Bytes from here to m_end are the source's.
+    std::size_t m_next = kMostKept;
+    std::size_t m_end = kMostKept;
+    bool m_atEnd = false; ///< The source has nothing behind m_end.
 };
 
 } // namespace vireo
