@@ -3,6 +3,7 @@
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 #include "viewers/picture/CPictureView_Dialog.h"
+#include "viewers/tonal/CTonalResolutionDialog.h"
 
 #include <system_error>
 
@@ -39,6 +40,10 @@ ViewerTable ProgramViewers()
     viewers.SetPictureViewer([](const MarkedPicture& picture, QWidget* parent) {
         CPictureView_Dialog(picture, parent).exec();
     });
+    viewers.Add("CTonalResolutionDialog",
+        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CTonalResolutionDialog(file, parent).exec();
+        });
     return viewers;
 }
 

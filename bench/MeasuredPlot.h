@@ -35,5 +35,6 @@ struct LoadedPlot {
 LoadedPlot LoadOscilloscopePlot(const std::string& file);
 LoadedPlot LoadNoisePlot(const std::string& file);
 LoadedPlot LoadTiffPlot(const std::string& file);
+LoadedPlot LoadTonalPlot(const std::string& file);
 
 } // namespace vireo

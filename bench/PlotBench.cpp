@@ -36,6 +36,7 @@ constexpr PlotRow kPlots[] = {
     {FileKind::Mtf, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Noise, {1600, 500}, LoadNoisePlot},
     {FileKind::Tiff, {1600, 1000}, LoadTiffPlot},
+    {FileKind::TonalResolution, {1600, 500}, LoadTonalPlot},
 };
 
 /// Draws into a new picture each time, as a control does whose kept picture was dropped.

@@ -7,6 +7,8 @@
 #include "viewers/noise/NoiseExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeExport.h"
+#include "viewers/tonal/TonalExport.h"
+#include "viewers/tonal/TonalResolutionData.h"
 
 namespace vireo {
 
@@ -36,10 +38,19 @@ std::string ExportNoise(const Subject& subject, const Settings& settings)
     return DescribeOutput(settings.output, ExportNoiseAsCsv(settings.output, data));
 }
 
+std::string ExportTonal(const Subject& subject, const Settings& settings)
+{
+    TonalResolutionData data;
+    if (const TonalResult result = data.Read(subject.path); result != TonalResult::Ok)
+        return data.DescribeFailure(result);
+    return DescribeOutput(settings.output, ExportTonalAsCsv(settings.output, data));
+}
+
 constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, ExportOscilloscope},
     {FileKind::Mtf, ExportOscilloscope},
     {FileKind::Noise, ExportNoise},
+    {FileKind::TonalResolution, ExportTonal},
 };
 
 int Run(const Settings& settings)

@@ -6,8 +6,10 @@
 #include "cli/render/NoisePicture.h"
 #include "cli/render/OscilloscopePicture.h"
 #include "cli/render/TiffPicture.h"
+#include "cli/render/TonalPicture.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
+#include "viewers/tonal/TonalView.h"
 
 #include <CLI/CLI.hpp>
 
@@ -77,6 +79,11 @@ void AddViewOptions(CLI::App& command, Settings& settings)
             "--zoom", settings.zoom, "So many times as large, about the middle (default: 1)")
         ->transform(WholeNumber(1, std::numeric_limits<int>::max()))
         ->type_name("N");
+    command
+        .add_option("--view", settings.view,
+            "The tonal resolution's plot: 0 best fit, 1 difference, 2 dynamic range (default: 0)")
+        ->transform(WholeNumber(0, kTonalViews - 1))
+        ->type_name("N");
 }
 
 void AddOptions(CLI::App& command, Settings& settings)
@@ -111,6 +118,7 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Mtf, RenderOscilloscope},
     {FileKind::Noise, RenderNoise},
     {FileKind::Tiff, RenderTiff},
+    {FileKind::TonalResolution, RenderTonal},
 };
 
 int Run(const Settings& settings)

@@ -43,6 +43,7 @@ struct Settings {
     std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.
     std::optional<NoiseUnit> unit;     ///< Of positions on a noise line; else the viewer's.
     int zoom = 1;
+    int view = 0; ///< Which of its plots, for kinds that have several.
 
     std::uint32_t errorCode = 0;
     bool plateScanner = false; ///< Errors are worded for scanners with a moving table.

@@ -113,6 +113,11 @@ inline constexpr int kPlot = 14000;
 inline constexpr int kShowReport = 14014;
 inline constexpr int kReport = 14015;
 inline constexpr int kSecondReport = 14016;
+// Commands of its accelerator table.
+inline constexpr int kBestFit = 40101;
+inline constexpr int kDifference = 40102;
+inline constexpr int kDynamicRange = 40103;
+inline constexpr int kReportCommand = 40104;
 } // namespace TonalResolutionId
 
 } // namespace vireo

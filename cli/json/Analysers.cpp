@@ -7,6 +7,7 @@
 #include "cli/json/OscilloscopeJson.h"
 #include "cli/json/Subject.h"
 #include "cli/json/TiffJson.h"
+#include "cli/json/TonalJson.h"
 
 namespace vireo {
 
@@ -32,6 +33,7 @@ constexpr Analyser kAnalysers[] = {
     {FileKind::Mtf, AnalyseOscilloscope},
     {FileKind::Noise, AnalyseNoise},
     {FileKind::Kitbag, AnalyseKitbag},
+    {FileKind::TonalResolution, AnalyseTonal},
     {FileKind::LightProfile, AnalysePlain},
     {FileKind::AdjustCenterCcd, AnalysePlain},
     {FileKind::VerticalCameraVerification, AnalysePlain},

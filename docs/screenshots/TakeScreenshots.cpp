@@ -46,6 +46,13 @@ const Shot kShots[] = {
     {"oscilloscope-mtf", "COscilloscope_Dialog", "mtf.con", {1200, 760}, {}},
     {"noise", "CNoiseTest_SM_Dialog", "noise-color.con", {1100, 520}, {}},
     {"noise-check", "CNCTest_Dialog", "noise-color.con", {860, 360}, {}},
+    {"tonal-best-fit", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600}, {}},
+    {"tonal-difference", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600},
+        {"differenceButton"}},
+    {"tonal-dynamic-range", "CTonalResolutionDialog", "tonal-resolution-shadows.con", {1000, 600},
+        {"dynamicRangeButton"}},
+    {"tonal-report", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600},
+        {"reportCheck"}},
 };
 
 /// The top window that is open now: a modal dialog.
@@ -59,7 +66,9 @@ bool Click(QWidget& dialog, const char* buttonName)
     auto* button = dialog.findChild<QAbstractButton*>(QString::fromLatin1(buttonName));
     if (!button)
         return false;
-    QTest::mouseClick(button, Qt::LeftButton);
+    // A check box takes clicks on its box and text only, which need not reach its middle.
+    constexpr int kInside = 8;
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(kInside, button->height() / 2));
     return true;
 }
 

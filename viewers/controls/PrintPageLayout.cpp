@@ -68,4 +68,19 @@ double DrawHeaderLines(QPainter& painter, const PrintPageLayout& layout,
     return layout.TextBottom(count);
 }
 
+void DrawPlotPage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
+    QSizeF plotSize, const std::function<void(QPainter&)>& drawPlot)
+{
+    painter.save();
+    painter.translate(page.topLeft());
+    const PrintPageLayout layout(page.size());
+    const QRectF plot = layout.PlotRect(DrawHeaderLines(painter, layout, header), plotSize);
+    if (!plot.isEmpty()) {
+        painter.translate(plot.topLeft());
+        painter.scale(plot.width() / plotSize.width(), plot.height() / plotSize.height());
+        drawPlot(painter);
+    }
+    painter.restore();
+}
+
 } // namespace vireo

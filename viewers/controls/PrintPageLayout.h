@@ -4,6 +4,7 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -40,5 +41,10 @@ int PrintedHeaderLines(const std::vector<std::string>& lines);
 /// at the painter's origin; gives their lower edge.
 double DrawHeaderLines(QPainter& painter, const PrintPageLayout& layout,
     const std::vector<std::string>& lines, const QColor& colour = Qt::black);
+
+/// Draws a page into its printable rectangle: the header lines and below them a plot, laid out at
+/// `plotSize` with its top left corner at the origin of the painter that `drawPlot` gets.
+void DrawPlotPage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
+    QSizeF plotSize, const std::function<void(QPainter&)>& drawPlot);
 
 } // namespace vireo

@@ -263,16 +263,8 @@ void DrawNoiseCursor(
 void DrawNoisePage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
     QSizeF plotSize, const NoisePlotContent& content)
 {
-    painter.save();
-    painter.translate(page.topLeft());
-    const PrintPageLayout layout(page.size());
-    const QRectF plot = layout.PlotRect(DrawHeaderLines(painter, layout, header), plotSize);
-    if (!plot.isEmpty()) {
-        painter.translate(plot.topLeft());
-        painter.scale(plot.width() / plotSize.width(), plot.height() / plotSize.height());
-        DrawNoisePlot(painter, plotSize, content);
-    }
-    painter.restore();
+    DrawPlotPage(painter, page, header, plotSize,
+        [&](QPainter& plot) { DrawNoisePlot(plot, plotSize, content); });
 }
 
 } // namespace vireo

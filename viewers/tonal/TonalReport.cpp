@@ -5,6 +5,8 @@
 #include "viewers/tonal/TonalFileText.h"
 #include "viewers/tonal/TonalResolutionData.h"
 
+#include <sstream>
+
 namespace vireo {
 
 namespace {
@@ -50,19 +52,19 @@ std::string TonalPatchTable(const TonalResolutionData& data)
 {
     if (!data.IsLoaded())
         return {};
-    std::string text = "Patch      L  Density       n  R mean  G mean  B mean"
-                       "       R       G       B   R diff  G diff  B diff\n";
+    std::string text = "            L Density     n  R mean G mean B mean       R      G      B"
+                       "  R diff G diff B diff\n";
+    const auto triple = [&text](double red, double green, double blue) {
+        text += Format(" %7.2f%7.2f%7.2f", red, green, blue);
+    };
     for (std::size_t i = 0; i < data.m_patches.size(); ++i) {
         const TonalPatch& patch = data.m_patches[i];
-        text += Format("%s   %6.2f   %6.2f %7d", TonalPatchName(i).c_str(), patch.lightness,
+        text += Format("%s %8.2f%8.2f%6d", TonalPatchName(i).c_str(), patch.lightness,
             patch.density, patch.count);
-        for (std::size_t channel = 0; channel < kTonalChannels; ++channel)
-            text += Format(" %7.2f", patch.Mean(channel));
-        for (const double scan : patch.scan)
-            text += Format(" %7.2f", scan);
-        text += ' ';
-        for (std::size_t channel = 0; channel < kTonalChannels; ++channel)
-            text += Format(" %7.2f", data.DeviationOf(patch, channel));
+        triple(patch.Mean(TonalRed), patch.Mean(TonalGreen), patch.Mean(TonalBlue));
+        triple(patch.scan[TonalRed], patch.scan[TonalGreen], patch.scan[TonalBlue]);
+        triple(data.DeviationOf(patch, TonalRed), data.DeviationOf(patch, TonalGreen),
+            data.DeviationOf(patch, TonalBlue));
         text += '\n';
     }
     return text;
@@ -80,6 +82,17 @@ std::vector<std::string> TonalHeaderLines(const TonalResolutionData& data)
         "IT8 Reference:   " + data.m_IT8RefFile,
         "File:            " + Windows1252FromUtf8(Utf8FromPath(data.m_FileName.filename())),
     };
+}
+
+std::vector<std::string> TonalPlotHeaderLines(const TonalResolutionData& data)
+{
+    std::vector<std::string> lines = TonalHeaderLines(data);
+    lines.emplace_back(" ");
+    std::istringstream report(TonalReport(data));
+    for (std::string line; std::getline(report, line);)
+        lines.push_back(line.empty() ? " " : line);
+    lines.emplace_back(" ");
+    return lines;
 }
 
 } // namespace vireo

@@ -14,8 +14,11 @@ std::string TonalReport(const TonalResolutionData& data);
 /// file.
 std::string TonalPatchTable(const TonalResolutionData& data);
 
-/// What stands above plot and report on paper: which scanner was measured, when, and from which
-/// file. Windows-1252, no line is empty.
+// What stands above on paper, Windows-1252. No line is empty: such a line would be the last.
+
+/// Above the report: which scanner was measured, when, and in which file this is told.
 std::vector<std::string> TonalHeaderLines(const TonalResolutionData& data);
+/// Above a plot: the same and the report.
+std::vector<std::string> TonalPlotHeaderLines(const TonalResolutionData& data);
 
 } // namespace vireo

@@ -165,7 +165,6 @@ void TonalResolutionData::ComputeLinearity()
 
 void TonalResolutionData::ComputeDeviations()
 {
-    constexpr double kDarkDensity = 1.65;
     m_dMaxDarkDeviation = 0.0;
     m_dMaxLightDeviation = 0.0;
     for (const TonalPatch& patch : m_patches) {

@@ -51,6 +51,8 @@ struct TonalPatch {
 class TonalResolutionData {
 public:
     static constexpr std::size_t kPatches = 24;
+    /// A patch of a higher density is dark, any other is light.
+    static constexpr double kDarkDensity = 1.65;
     /// Longer files are no tonal resolution files: one has some three thousand bytes.
     static constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 

@@ -1,0 +1,66 @@
+#include "cli/render/TonalPicture.h"
+
+#include "cli/Output.h"
+#include "cli/render/PictureFile.h"
+#include "viewers/tonal/TonalReport.h"
+#include "viewers/tonal/TonalResolutionData.h"
+#include "viewers/tonal/TonalResolutionPlot.h"
+
+#include <QPainter>
+
+namespace vireo {
+
+namespace {
+
+/// On paper, at about the proportions that it has in the dialog.
+QSize SizeOf(const Settings& settings)
+{
+    constexpr PictureSize kOnPage{760, 480};
+    const bool isPage = settings.format == PictureFormat::Pdf && !settings.givenSize;
+    const PictureSize size = isPage ? kOnPage : settings.PlotSize();
+    return {size.width, size.height};
+}
+
+/// Shows one channel only, when there is one in the settings; gives the reason for a colour that
+/// there is not.
+std::string TakeChannel(const Settings& settings, TonalPlotContent& content)
+{
+    const ShownColour colour = settings.colour.value_or(ShownColour::All);
+    if (colour == ShownColour::All)
+        return {};
+    if (colour == ShownColour::Gray)
+        return "There is no plane " + std::string(ColourName(colour));
+    content.flags[TonalShowRed] = colour == ShownColour::Red;
+    content.flags[TonalShowGreen] = colour == ShownColour::Green;
+    content.flags[TonalShowBlue] = colour == ShownColour::Blue;
+    return {};
+}
+
+} // namespace
+
+std::string RenderTonal(const Subject& subject, const Settings& settings)
+{
+    TonalResolutionData data;
+    if (const TonalResult result = data.Read(subject.path); result != TonalResult::Ok)
+        return data.DescribeFailure(result);
+    TonalPlotContent content;
+    content.data = &data;
+    content.view = static_cast<TonalView>(settings.view);
+    if (std::string refusal = TakeChannel(settings, content); !refusal.empty())
+        return refusal;
+    const QSize size = SizeOf(settings);
+
+    const DrawingSession session;
+    Drawing drawing;
+    drawing.title = subject.name;
+    drawing.drawPlot = [&](QPainter& painter) {
+        painter.fillRect(QRect({0, 0}, size), Qt::white);
+        DrawTonalPlot(painter, size, content);
+    };
+    drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
+        DrawTonalPage(painter, page, TonalPlotHeaderLines(data), size, content);
+    };
+    return DescribeOutput(settings.output, WritePicture(drawing, settings));
+}
+
+} // namespace vireo
