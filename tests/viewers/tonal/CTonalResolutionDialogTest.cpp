@@ -31,7 +31,9 @@ protected:
     {
         qputenv("XDG_CONFIG_HOME", settings.Path().string().c_str());
         qputenv("APPDATA", settings.Path().string().c_str());
+        EXPECT_TRUE(log_Init("tonal", ".log", settings.Path()));
     }
+    ~CTonalResolutionDialogTest() override { log_Close(); }
 
     void Open(const std::string& bytes) { OpenPath(file = folder.Write("t.con", bytes)); }
     void OpenPath(const std::filesystem::path& path)
@@ -164,15 +166,12 @@ TEST_F(CTonalResolutionDialogTest, CopiesWhatIsShown)
 
 TEST_F(CTonalResolutionDialogTest, AFaultyFileIsRewrittenAndTheDialogSaysSo)
 {
-    const TempFolder logs;
-    ASSERT_TRUE(log_Init("tonal", ".log", logs.Path()));
     Open(SmallFaultyFile());
-    log_Close();
     EXPECT_NE(Notice().find("kept as \"t.con_Original\""), std::string::npos) << Notice();
     EXPECT_EQ(TempFolder::Read(folder.Path() / "t.con_Original"), SmallFaultyFile());
     EXPECT_NE(TempFolder::Read(file), SmallFaultyFile());
-    EXPECT_NE(
-        TempFolder::Read(logs.Path() / "tonal.log").find("t.con_Original"), std::string::npos);
+    const std::string log = TempFolder::Read(settings.Path() / "tonal.log");
+    EXPECT_NE(log.find("t.con_Original"), std::string::npos) << log;
     EXPECT_TRUE(messages.Messages().empty()) << "it can be shown";
     OpenPath(file);
     EXPECT_EQ(Notice(), "");

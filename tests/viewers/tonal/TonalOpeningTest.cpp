@@ -1,3 +1,4 @@
+#include "platform/Log.h"
 #include "tests/FileSizeLimit.h"
 #include "tests/TempFolder.h"
 #include "tests/viewers/tonal/TonalFiles.h"
@@ -16,6 +17,9 @@ namespace {
 
 class TonalOpeningTest : public testing::Test {
 protected:
+    TonalOpeningTest() { EXPECT_TRUE(log_Init("tonal", ".log", logs.Path())); }
+    ~TonalOpeningTest() override { log_Close(); }
+
     TonalFileChange Open(const std::string& bytes)
     {
         file = folder.Write("old.con", bytes);
@@ -28,6 +32,7 @@ protected:
     }
     std::filesystem::path Copy() const { return folder.Path() / "old.con_Original"; }
 
+    TempFolder logs;
     TempFolder folder;
     std::filesystem::path file;
     TonalResolutionData data;
@@ -56,6 +61,8 @@ TEST_F(TonalOpeningTest, AFaultyFileIsRewrittenBesideItsOriginal)
     EXPECT_EQ(TempFolder::Read(file), FormatTonalText(data));
     EXPECT_EQ(data.m_patches[2].count, 100) << "corrected once, not twice";
     EXPECT_EQ(data.m_FileName, file);
+    const std::string log = TempFolder::Read(logs.Path() / "tonal.log");
+    EXPECT_NE(log.find(opening.notice), std::string::npos) << log;
     // The correction removed the condition, so the file is left alone from now on.
     const std::string corrected = TempFolder::Read(file);
     EXPECT_EQ(OpenTonalFile(file, data).change, TonalFileChange::None);
