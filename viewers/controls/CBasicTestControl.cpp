@@ -110,18 +110,14 @@ void CBasicTestControl::DrawSurface()
     RenderTo(dc, m_iWidth, m_iHeight);
 }
 
-namespace {
-
 /// The frame's lines lie inside of the rectangle, and are whole pixels wide on every device.
-void DrawFrame(QPainter& dc, int width, int height, const QColor& colour)
+void CBasicTestControl::DrawGround(QPainter& dc, int width, int height)
 {
-    dc.fillRect(0, 0, width, 1, colour);
-    dc.fillRect(0, height - 1, width, 1, colour);
-    dc.fillRect(0, 0, 1, height, colour);
-    dc.fillRect(width - 1, 0, 1, height, colour);
+    dc.fillRect(0, 0, width, height, Qt::white);
+    for (const QRect& line : {QRect(0, 0, width, 1), QRect(0, height - 1, width, 1),
+             QRect(0, 0, 1, height), QRect(width - 1, 0, 1, height)})
+        dc.fillRect(line, Qt::black);
 }
-
-} // namespace
 
 bool CBasicTestControl::RenderTo(QPainter& dc, int width, int height)
 {
@@ -139,8 +135,7 @@ bool CBasicTestControl::RenderTo(QPainter& dc, int width, int height)
         return false;
 
     dc.save();
-    dc.fillRect(0, 0, width, height, Qt::white);
-    DrawFrame(dc, width, height, Qt::black);
+    DrawGround(dc, width, height);
     dc.setPen(Qt::black);
     dc.setBrush(Qt::white);
     DrawContent(dc, width, height);

@@ -124,6 +124,10 @@ public:
     };
     static Margins MarginsOf(int width, int height);
 
+    /// What every plot is drawn on: a white rectangle with a black frame. Leaves the painter's pen
+    /// and brush as they are.
+    static void DrawGround(QPainter& dc, int width, int height);
+
     int FontHeight() const { return m_iFontHeight; }
     int LinePitch() const { return m_iFontHeight * 14 / 10; }
     int AverageCharWidth() const { return m_iAverageCharWidth; }

@@ -10,9 +10,6 @@ namespace vireo {
 
 namespace {
 
-constexpr int kFontHeight = 12;
-constexpr double kUnitLeft = 2.0;
-
 /// How many ticks an axis has room for.
 int RoomForTicks(double length, double perTick)
 {
@@ -50,12 +47,23 @@ void PlotFurniture::DrawValueAxis(double highest) const
     constexpr double kRoomPerTick = 34.0;
     for (const AxisTick& tick :
         AxisTicks(m_scale.low, highest, RoomForTicks(m_area.height(), kRoomPerTick))) {
-        const double y = m_scale.YAt(tick.value);
-        DrawLine(m_area.left(), y, m_area.right(), y, PlotColour::kGrid);
-        DrawLine(m_area.left() - kTickLength, y, m_area.left(), y, PlotColour::kFrame);
-        DrawText(m_area.left() - kTickLength - 3.0, y + m_metrics.capHeight() / 2.0, tick.text,
-            Align::Right, PlotColour::kInk);
+        DrawValueTick(tick.value);
+        DrawValueText(tick);
     }
+}
+
+void PlotFurniture::DrawValueTick(double value) const
+{
+    const double y = m_scale.YAt(value);
+    DrawLine(m_area.left(), y, m_area.right(), y, PlotColour::kGrid);
+    DrawLine(m_area.left() - kTickLength, y, m_area.left(), y, PlotColour::kFrame);
+}
+
+void PlotFurniture::DrawValueText(const AxisTick& tick) const
+{
+    DrawText(m_area.left() - kTickLength - 3.0,
+        m_scale.YAt(tick.value) + m_metrics.capHeight() / 2.0, tick.text, Align::Right,
+        PlotColour::kInk);
 }
 
 void PlotFurniture::DrawPositionAxis(const PositionAxis& axis) const
@@ -74,7 +82,7 @@ void PlotFurniture::DrawPositionAxis(const PositionAxis& axis) const
         }
         DrawTickText(x, baseline, tick, colour);
     }
-    DrawText(kUnitLeft, baseline, axis.unit, Align::Left, PlotColour::kSoftInk);
+    DrawText(axis.unitLeft, baseline, axis.unit, Align::Left, PlotColour::kSoftInk);
 }
 
 void PlotFurniture::DrawTitle(const std::string& title) const

@@ -29,6 +29,7 @@ struct PositionAxis {
     std::string unit;      ///< Stands left of the row; ASCII.
     double perPixel = 1.0; ///< Width of a pixel in the unit; above 0.
     int row = 0;           ///< 0 is the row next to the plot; it also draws the grid.
+    double unitLeft = 2.0; ///< Where the unit begins.
 };
 
 /// The frame, axes and texts of a plot of one line, in the font of all plots. Texts are ASCII;
@@ -37,6 +38,7 @@ class PlotFurniture {
 public:
     enum class Align { Left, Centre, Right };
 
+    static constexpr int kFontHeight = 12;
     static constexpr double kLeftMargin = 40.0; ///< Room of the value axis.
     static constexpr double kTitleHeight = 20.0;
     static constexpr double kTickLength = 4.0;
@@ -53,6 +55,9 @@ public:
     void DrawFrame() const;
     /// Values from the scale's lowest up to `highest`, with a grid.
     void DrawValueAxis(double highest) const;
+    /// A tick of the value axis with its line of the grid, and its text on the outside of the plot.
+    void DrawValueTick(double value) const;
+    void DrawValueText(const AxisTick& tick) const;
     void DrawPositionAxis(const PositionAxis& axis) const;
     /// A text above the plot, cut where it does not fit.
     void DrawTitle(const std::string& title) const;

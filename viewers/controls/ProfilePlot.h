@@ -42,11 +42,6 @@ ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size);
 /// setting: screen, paper and files get the same plot, each at its device's resolution.
 void DrawProfilePlot(QPainter& painter, QSizeF size, const ProfilePlotContent& content);
 
-/// Draws a cursor over a plot drawn before: a hairline through a point of the curve, and the text
-/// of its reading in a box beside it. Nothing outside the scale's plot area.
-void DrawPlotCursor(
-    QPainter& painter, const ProfileScale& scale, QPointF point, const QString& text);
-
 /// Draws the cursor's hairline and reading over a plot drawn before.
 void DrawProfileCursor(QPainter& painter, QSizeF size, const ProfilePlotContent& content,
     const CursorReading& reading);

@@ -25,39 +25,97 @@ constexpr double kDotSize = 4.5;
 constexpr int kMostVectorColumns = 3000;
 constexpr double kVectorPen = 0.7;
 
+// The parts of a dashed curve, in logical units.
+constexpr double kDash = 6.0;
+constexpr double kDashAndGap = 9.0;
+
+/// How a curve is drawn, whatever its samples are.
+struct TraceStyle {
+    QColor colour;
+    LineStyle line = LineStyle::Solid;
+
+    /// A pen of a width; 0 is one device pixel.
+    QPen Pen(double width) const
+    {
+        QPen pen(colour, width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin);
+        if (line == LineStyle::Dashed) {
+            const double unit = std::max(width, 1.0);
+            pen.setDashPattern({kDash / unit, (kDashAndGap - kDash) / unit});
+        }
+        return pen;
+    }
+    /// Whether a dash is over a device column, `scale` being the device's pixels to a unit.
+    bool Covers(int column, double scale) const
+    {
+        return line == LineStyle::Solid || std::fmod(column, kDashAndGap * scale) < kDash * scale;
+    }
+};
+
+/// Where a value is drawn: values far outside the area are brought near to it, so that no device
+/// has to reckon with huge lengths.
+double DrawnY(const ProfileScale& scale, double value)
+{
+    const double beyond = 4.0 * scale.height;
+    return std::clamp(scale.YAt(value), scale.top - beyond, scale.Bottom() + beyond);
+}
+
 /// A line of one unit. A raster draws lines of one device pixel five times faster than any wider
 /// ones, so there a wider line is several of these, one under the other.
-void DrawSmoothLine(QPainter& painter, const QPolygonF& points, const QColor& colour)
+void DrawSmoothLine(QPainter& painter, const QPolygonF& points, const TraceStyle& style)
 {
     if (!IsRaster(painter)) {
-        painter.setPen(QPen(colour, 1.0));
+        painter.setPen(style.Pen(1.0));
         painter.drawPolyline(points);
         return;
     }
-    painter.setPen(QPen(colour, 0));
+    painter.setPen(style.Pen(0.0));
     const double scale = DeviceScale(painter);
     const int lines = std::max(static_cast<int>(std::lround(scale)), 1);
     for (int line = 0; line < lines; ++line)
         painter.drawPolyline(points.translated(0.0, line / scale));
 }
 
-void DrawSamples(
-    QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour)
+CurveSamples StretchInView(std::span<const std::uint8_t> samples, const ProfileView& view)
 {
-    const CurveSamples inView = SamplesInView(trace.samples, scale.view);
+    return SamplesInView(samples, view);
+}
+
+CurveSamplesOf<double> StretchInView(std::span<const double> samples, const ProfileView& view)
+{
+    return ValuesInView(samples, view);
+}
+
+void DrawPiece(
+    QPainter& painter, const ProfileScale& scale, const QPolygonF& points, const TraceStyle& style)
+{
+    if (points.isEmpty())
+        return;
+    DrawSmoothLine(painter, points, style);
+    if (scale.width / scale.view.length >= kDotsFrom) {
+        painter.setPen(QPen(style.colour, kDotSize, Qt::SolidLine, Qt::RoundCap));
+        painter.drawPoints(points);
+    }
+}
+
+template <typename Value>
+void DrawSamples(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& trace,
+    const TraceStyle& style)
+{
+    const auto inView = StretchInView(trace.samples, scale.view);
+    painter.setRenderHint(QPainter::Antialiasing, true);
     QPolygonF points;
     points.reserve(static_cast<qsizetype>(inView.samples.size()));
     double pixel = static_cast<double>(inView.first) + 0.5;
-    for (const std::uint8_t sample : inView.samples) {
-        points.append({scale.XAt(pixel), scale.YAt(sample)});
+    for (const Value sample : inView.samples) {
+        if (std::isnan(static_cast<double>(sample))) {
+            DrawPiece(painter, scale, points, style);
+            points.clear();
+        } else {
+            points.append({scale.XAt(pixel), DrawnY(scale, sample)});
+        }
         pixel += 1.0;
     }
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    DrawSmoothLine(painter, points, colour);
-    if (scale.width / scale.view.length >= kDotsFrom) {
-        painter.setPen(QPen(colour, kDotSize, Qt::SolidLine, Qt::RoundCap));
-        painter.drawPoints(points);
-    }
+    DrawPiece(painter, scale, points, style);
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
@@ -108,65 +166,96 @@ Fills FillsOf(std::span<const ColumnFill> columns)
     return fills;
 }
 
+CurveColumns ColumnsOf(const TraceSamples& trace, const ProfileView& view, int count)
+{
+    return SumUpColumns(trace.samples, trace.pyramid, view, count);
+}
+
+/// Values are points on a line, not levels of pixels: closer in, the line is drawn instead of
+/// steps.
+CurveColumnsOf<double> ColumnsOf(const ValueTrace& trace, const ProfileView& view, int count)
+{
+    return view.length < count ? InterpolateColumns(trace.samples, view, count)
+                               : SumUpColumns(trace.samples, trace.pyramid, view, count);
+}
+
 /// On a raster each column is a fill of whole device pixels: several times faster than lines, and
 /// without a line's rounding.
-void DrawColumnsAsFills(
-    QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour)
+template <typename Value>
+void DrawColumnsAsFills(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& trace,
+    const TraceStyle& style)
 {
     const QTransform toDevice = painter.deviceTransform();
     const QRectF area = toDevice.mapRect(QRectF(scale.left, scale.top, scale.width, scale.height));
-    const CurveColumns curve = SumUpColumns(
-        trace.samples, trace.pyramid, scale.view, static_cast<int>(std::lround(area.width())));
+    const auto curve = ColumnsOf(trace, scale.view, static_cast<int>(std::lround(area.width())));
     const double perValue = area.height() / (scale.high - scale.low);
     const int thickness = std::max(static_cast<int>(std::lround(toDevice.m11())), 1);
-    const auto yAt = [&](int value) {
-        return static_cast<int>(std::lround(area.top() + (scale.high - value) * perValue));
+    const auto yAt = [&](double value) {
+        const double y = area.top() + (scale.high - value) * perValue;
+        const double beyond = 2.0 * thickness; // What lies outside is clipped anyway.
+        return static_cast<int>(
+            std::lround(std::clamp(y, area.top() - beyond, area.bottom() + beyond)));
     };
     std::vector<ColumnFill> columns;
     columns.reserve(curve.columns.size());
     const double step = curve.pixelsPerColumn / scale.view.length * area.width();
     double x = toDevice.map(QPointF(scale.XAt(curve.firstPixel), 0.0)).x();
-    for (const SampleRange& range : curve.columns) {
-        if (!range.IsEmpty())
-            columns.push_back({static_cast<int>(std::lround(x)), yAt(range.highest),
-                yAt(range.lowest) + thickness});
+    for (const auto& range : curve.columns) {
+        const auto column = static_cast<int>(std::lround(x));
+        if (!range.IsEmpty() && style.Covers(column, toDevice.m11()))
+            columns.push_back({column, yAt(range.highest), yAt(range.lowest) + thickness});
         x += step;
     }
     const Fills fills = FillsOf(columns);
     painter.save();
     painter.setTransform(toDevice.inverted() * painter.transform());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
+    painter.setBrush(style.colour);
     painter.drawRects(fills.constData(), static_cast<int>(fills.size()));
     painter.restore();
 }
 
 /// On paper and in vector files the columns become one line through their lowest and highest.
-void DrawColumnsAsLine(
-    QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour)
+template <typename Value>
+void DrawColumnsAsLine(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& trace,
+    const TraceStyle& style)
 {
     const int columns = std::min(
         static_cast<int>(scale.width * std::max(DeviceScale(painter), 1.0)), kMostVectorColumns);
-    const CurveColumns curve = SumUpColumns(trace.samples, trace.pyramid, scale.view, columns);
+    const auto curve = ColumnsOf(trace, scale.view, columns);
     QPolygonF points;
     points.reserve(static_cast<qsizetype>(2 * curve.columns.size()));
     bool endedLow = false;
     double pixel = curve.firstPixel + curve.pixelsPerColumn / 2.0;
-    for (const SampleRange& range : curve.columns) {
+    for (const auto& range : curve.columns) {
         const double x = scale.XAt(pixel);
         pixel += curve.pixelsPerColumn;
         if (range.IsEmpty())
             continue;
-        const double high = scale.YAt(range.highest);
-        const double low = scale.YAt(range.lowest);
+        const double high = DrawnY(scale, range.highest);
+        const double low = DrawnY(scale, range.lowest);
         points.append({x, endedLow ? low : high});
-        if (range.highest != range.lowest) {
+        if (high != low) {
             points.append({x, endedLow ? high : low});
             endedLow = !endedLow;
         }
     }
-    painter.setPen(QPen(colour, kVectorPen, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
+    painter.setPen(style.Pen(kVectorPen));
     painter.drawPolyline(points);
+}
+
+template <typename Value>
+void Draw(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& trace,
+    const TraceStyle& style)
+{
+    if (trace.samples.empty())
+        return;
+    if (scale.width / scale.view.length >= kSmoothFrom)
+        DrawSamples(painter, scale, trace, style);
+    else if (IsRaster(painter))
+        DrawColumnsAsFills(painter, scale, trace, style);
+    else
+        DrawColumnsAsLine(painter, scale, trace, style);
 }
 
 } // namespace
@@ -174,14 +263,13 @@ void DrawColumnsAsLine(
 void DrawTrace(
     QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour)
 {
-    if (trace.samples.empty())
-        return;
-    if (scale.width / scale.view.length >= kSmoothFrom)
-        DrawSamples(painter, scale, trace, colour);
-    else if (IsRaster(painter))
-        DrawColumnsAsFills(painter, scale, trace, colour);
-    else
-        DrawColumnsAsLine(painter, scale, trace, colour);
+    Draw(painter, scale, trace, {colour, LineStyle::Solid});
+}
+
+void DrawTrace(QPainter& painter, const ProfileScale& scale, const ValueTrace& trace,
+    const QColor& colour, LineStyle style)
+{
+    Draw(painter, scale, trace, {colour, style});
 }
 
 } // namespace vireo

@@ -2,6 +2,7 @@
 
 #include "viewers/controls/LinePyramid.h"
 #include "viewers/controls/ProfileView.h"
+#include "viewers/controls/StraightLine.h"
 
 #include <cstdint>
 #include <span>
@@ -11,11 +12,14 @@ class QPainter;
 
 namespace vireo {
 
-/// A line of 8-bit samples with its summary; not owned.
-struct TraceSamples {
-    std::span<const std::uint8_t> samples;
-    const LinePyramid& pyramid;
+/// A line of samples with its summary; not owned.
+template <typename Value>
+struct TraceOf {
+    std::span<const Value> samples;
+    const RangePyramid<Value>& pyramid;
 };
+using TraceSamples = TraceOf<std::uint8_t>;
+using ValueTrace = TraceOf<double>;
 
 /// Draws the stretch of a line that a scale has in view as a curve. Where a column of the device
 /// covers several samples it is drawn from their lowest to their highest; closer in the curve runs
@@ -23,5 +27,9 @@ struct TraceSamples {
 /// width, not with the samples. The caller clips to the plot area.
 void DrawTrace(
     QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour);
+
+/// The same for values, which may lie anywhere. Where one is no number the curve has a gap.
+void DrawTrace(QPainter& painter, const ProfileScale& scale, const ValueTrace& trace,
+    const QColor& colour, LineStyle style);
 
 } // namespace vireo

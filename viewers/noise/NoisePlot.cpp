@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "viewers/controls/Colours.h"
+#include "viewers/controls/PlotCursor.h"
 #include "viewers/controls/PlotFurniture.h"
 #include "viewers/controls/PrintPageLayout.h"
 #include "viewers/controls/ProfilePlot.h"
@@ -265,6 +266,8 @@ void DrawNoisePage(QPainter& painter, const QRectF& page, const std::vector<std:
 {
     DrawPlotPage(painter, page, header, plotSize,
         [&](QPainter& plot) { DrawNoisePlot(plot, plotSize, content); });
+    DrawPlotPage(
+        painter, page, header, plotSize, [&] { DrawNoisePlot(painter, plotSize, content); });
 }
 
 } // namespace vireo
