@@ -25,6 +25,9 @@ public:
     /// The next line without its line feed, valid until the next call; nothing at the end.
     std::optional<std::string_view> Next();
 
+    /// Bytes of the file that have been read so far.
+    std::uint64_t BytesRead() const { return m_offset; }
+
 private:
     std::string_view Unread() const;
     bool Fill();

@@ -3,6 +3,7 @@
 #include "platform/AppendFile.h"
 #include "platform/FileLines.h"
 #include "platform/Text.h"
+#include "platform/WorkProgress.h"
 #include "viewers/startest/StarTestReader.h"
 
 #include <algorithm>
@@ -11,25 +12,53 @@
 
 namespace vireo {
 
-StarTestResult StarTestData::Read(const std::filesystem::path& path)
+StarTestData StarTestData::WithoutSweeps() const
+{
+    StarTestData data;
+    data.m_bStandardDeviation = m_bStandardDeviation;
+    data.m_bYCurves = m_bYCurves;
+    data.m_bSavePictures = m_bSavePictures;
+    data.m_dLimits = m_dLimits;
+    return data;
+}
+
+namespace {
+
+/// Hands the lines of a file to the reader; false when it was cancelled.
+bool ReadLines(const PositionalFile& file, StarTestReader& reader, WorkProgress* progress)
+{
+    constexpr std::uint32_t kLinesBetweenReports = 4096;
+    FileLines lines(file);
+    if (progress)
+        progress->SetTotal(file.Size());
+    std::uint32_t count = 0;
+    std::optional<std::string_view> line;
+    do {
+        line = lines.Next();
+        if (progress && ++count % kLinesBetweenReports == 0) {
+            progress->SetDone(lines.BytesRead());
+            if (progress->IsCancelled())
+                return false;
+        }
+    } while (line && reader.TakeLine(*line));
+    return true;
+}
+
+} // namespace
+
+StarTestResult StarTestData::Read(const std::filesystem::path& path, WorkProgress* progress)
 {
     PositionalFile file;
     m_openStatus = file.Open(path);
     if (m_openStatus != FileStatus::Ok)
         return StarTestResult::CantOpen;
 
-    StarTestData read;
+    StarTestData read = WithoutSweeps();
     read.m_TestName = "StarTest";
     read.m_path = path;
-    read.m_bStandardDeviation = m_bStandardDeviation;
-    read.m_bYCurves = m_bYCurves;
-    read.m_dLimits = m_dLimits;
     StarTestReader reader(read, file.Size());
-    FileLines lines(file);
-    std::optional<std::string_view> line;
-    do
-        line = lines.Next();
-    while (line && reader.TakeLine(*line));
+    if (!ReadLines(file, reader, progress))
+        return StarTestResult::Cancelled;
     if (!reader.HasSweeps() && !reader.HasTag())
         return StarTestResult::WrongKind;
     reader.Finish();
@@ -50,6 +79,8 @@ std::string StarTestData::DescribeFailure(StarTestResult result) const
         return "Not a star test file";
     case StarTestResult::NoSweeps:
         return "The star test has no sweeps";
+    case StarTestResult::Cancelled:
+        return "Reading was cancelled";
     }
     return {};
 }

@@ -14,11 +14,15 @@
 
 namespace vireo {
 
+class WorkProgress;
+
 /// What came of reading a star-test file.
 enum class [[nodiscard]] StarTestResult{
-    Ok, CantOpen,
+    Ok,
+    CantOpen,
     WrongKind, ///< Neither the tag of a star test nor any sweep.
     NoSweeps,  ///< Tagged as a star test, but without a sweep.
+    Cancelled,
 };
 
 /// One row of the report that a live measurement keeps: a sweep's point deviations, each beside its
@@ -48,10 +52,13 @@ public:
     static constexpr std::size_t kLimits = 5;
 
     /// Reads a file and analyses its sweeps. After any result but Ok everything is as before.
-    StarTestResult Read(const std::filesystem::path& path);
+    /// `progress`, if there is one, counts bytes, and may cancel.
+    StarTestResult Read(const std::filesystem::path& path, WorkProgress* progress = nullptr);
     /// One clear sentence for the result of the last Read, if it was not Ok.
     std::string DescribeFailure(StarTestResult result) const;
-    void Clear() { *this = StarTestData(); }
+    /// What does not come from a file: how the measurement is to be shown and judged.
+    StarTestData WithoutSweeps() const;
+    void Clear() { *this = WithoutSweeps(); }
 
     /// Writes the measured sweeps in the form that Read takes, completely or not at all. Records of
     /// averages are counted but not written: reading works them out again.
@@ -91,6 +98,7 @@ public:
     std::size_t m_iSelectedIndex = 0;
     bool m_bStandardDeviation = false; ///< The application factor is told with its deviation.
     bool m_bYCurves = false;           ///< Y curves are visible at first.
+    bool m_bSavePictures = false;      ///< The live measurement keeps its raw pictures.
     std::array<double, kLimits> m_dLimits{};
 
 private:
