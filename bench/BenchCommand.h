@@ -21,6 +21,7 @@ struct BenchCommand {
 BenchCommand LoadBench();
 BenchCommand PlotBench();
 BenchCommand FirstFrameBench();
+BenchCommand StarTestBench();
 BenchCommand TiffDecodeBench();
 /// What is to be measured once the programs do it.
 BenchCommand FutureBench(const char* name);

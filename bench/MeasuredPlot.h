@@ -36,5 +36,6 @@ LoadedPlot LoadOscilloscopePlot(const std::string& file);
 LoadedPlot LoadNoisePlot(const std::string& file);
 LoadedPlot LoadTiffPlot(const std::string& file);
 LoadedPlot LoadTonalPlot(const std::string& file);
+LoadedPlot LoadStarTestPlot(const std::string& file);
 
 } // namespace vireo

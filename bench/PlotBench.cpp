@@ -37,6 +37,7 @@ constexpr PlotRow kPlots[] = {
     {FileKind::Noise, {1600, 500}, LoadNoisePlot},
     {FileKind::Tiff, {1600, 1000}, LoadTiffPlot},
     {FileKind::TonalResolution, {1600, 500}, LoadTonalPlot},
+    {FileKind::StarTest, {1600, 500}, LoadStarTestPlot},
 };
 
 /// Draws into a new picture each time, as a control does whose kept picture was dropped.

@@ -28,7 +28,7 @@ int main(int argc, char** argv)
     vireo::SetUpStandardOutput();
     const vireo::BenchCommand commands[] = {vireo::LoadBench(), vireo::PlotBench(),
         vireo::FirstFrameBench(), vireo::TiffDecodeBench(), vireo::FutureBench("tiff-encode"),
-        vireo::FutureBench("startest")};
+        vireo::StarTestBench()};
     CLI::App app("How fast the viewer's own code is.", vireo::kBenchProgram);
     vireo::BenchSettings settings;
     for (const vireo::BenchCommand& command : commands)

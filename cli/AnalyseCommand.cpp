@@ -3,6 +3,8 @@
 #include "cli/Options.h"
 #include "cli/json/Analysers.h"
 
+#include <CLI/CLI.hpp>
+
 namespace vireo {
 
 namespace {
@@ -14,12 +16,14 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddLineOption(command, settings);
     AddUnitOption(command, settings);
     AddJobsOption(command, settings);
+    command.add_flag("--arrays", settings.arrays,
+        "Tell every value of a star test's curves, not only their figures");
 }
 
 int Run(const Settings& settings)
 {
     return RunOverFiles(settings, [&settings](const Subject& subject) {
-        return AnalyseFile(subject, AnalyseSettings{settings.line, settings.unit});
+        return AnalyseFile(subject, AnalyseSettings{settings.line, settings.unit, settings.arrays});
     });
 }
 

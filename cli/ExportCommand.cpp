@@ -3,12 +3,15 @@
 #include "cli/Options.h"
 #include "cli/Output.h"
 #include "cli/json/OscilloscopeJson.h"
+#include "cli/json/StarTestJson.h"
 #include "viewers/noise/NoiseData.h"
 #include "viewers/noise/NoiseExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeExport.h"
 #include "viewers/tonal/TonalExport.h"
 #include "viewers/tonal/TonalResolutionData.h"
+#include "viewers/startest/StarTestData.h"
+#include "viewers/startest/StarTestExport.h"
 
 namespace vireo {
 
@@ -20,6 +23,7 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddOutputOption(command, settings, "The table to write, such as OUT.csv");
     AddKindOption(command, settings);
     AddLineOption(command, settings);
+    AddSweepOption(command, settings);
 }
 
 std::string ExportOscilloscope(const Subject& subject, const Settings& settings)
@@ -44,6 +48,13 @@ std::string ExportTonal(const Subject& subject, const Settings& settings)
     if (const TonalResult result = data.Read(subject.path); result != TonalResult::Ok)
         return data.DescribeFailure(result);
     return DescribeOutput(settings.output, ExportTonalAsCsv(settings.output, data));
+std::string ExportStarTest(const Subject& subject, const Settings& settings)
+{
+    StarTestData data;
+    if (std::string failure = OpenStarTest(subject, settings.sweep, data); !failure.empty())
+        return failure;
+    return DescribeOutput(
+        settings.output, ExportSweepAsCsv(settings.output, *data.SelectedSweep()));
 }
 
 constexpr OutputWriter kWriters[] = {
@@ -51,6 +62,7 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Mtf, ExportOscilloscope},
     {FileKind::Noise, ExportNoise},
     {FileKind::TonalResolution, ExportTonal},
+    {FileKind::StarTest, ExportStarTest},
 };
 
 int Run(const Settings& settings)

@@ -88,6 +88,16 @@ void AddLineOption(CLI::App& command, Settings& settings)
         ->type_name("N");
 }
 
+void AddSweepOption(CLI::App& command, Settings& settings)
+{
+    const auto take = [&settings](std::int64_t number) { settings.sweep = number; };
+    command
+        .add_option_function<std::int64_t>("--sweep", take,
+            "The sweep of a star test, counted from 0 (default: the one the viewer selects)")
+        ->transform(WholeNumber(0))
+        ->type_name("N");
+}
+
 void AddUnitOption(CLI::App& command, Settings& settings)
 {
     const auto take = [&settings](const std::string& name) {

@@ -17,6 +17,7 @@ void AddOutputOption(CLI::App& command, Settings& settings, const char* descript
 void AddJobsOption(CLI::App& command, Settings& settings);
 void AddKindOption(CLI::App& command, Settings& settings);
 void AddLineOption(CLI::App& command, Settings& settings);
+void AddSweepOption(CLI::App& command, Settings& settings);
 void AddUnitOption(CLI::App& command, Settings& settings);
 
 } // namespace vireo

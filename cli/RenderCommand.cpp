@@ -5,6 +5,7 @@
 #include "cli/Output.h"
 #include "cli/render/NoisePicture.h"
 #include "cli/render/OscilloscopePicture.h"
+#include "cli/render/StarTestPicture.h"
 #include "cli/render/TiffPicture.h"
 #include "cli/render/TonalPicture.h"
 #include "platform/Path.h"
@@ -83,6 +84,11 @@ void AddViewOptions(CLI::App& command, Settings& settings)
         .add_option("--view", settings.view,
             "The tonal resolution's plot: 0 best fit, 1 difference, 2 dynamic range (default: 0)")
         ->transform(WholeNumber(0, kTonalViews - 1))
+    const auto takeView = [&settings](int number) { settings.view = number; };
+    command
+        .add_option_function<int>(
+            "--view", takeView, "Which of its views, in kinds that have several (default: 0)")
+        ->transform(WholeNumber(0, std::numeric_limits<int>::max()))
         ->type_name("N");
 }
 
@@ -94,6 +100,7 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddLineOption(command, settings);
     AddViewOptions(command, settings);
     AddUnitOption(command, settings);
+    AddSweepOption(command, settings);
 
     const auto takeSize = [&settings](const std::string& text) {
         settings.givenSize = ParseSize(text);
@@ -119,6 +126,7 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Noise, RenderNoise},
     {FileKind::Tiff, RenderTiff},
     {FileKind::TonalResolution, RenderTonal},
+    {FileKind::StarTest, RenderStarTest},
 };
 
 int Run(const Settings& settings)

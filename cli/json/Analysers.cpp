@@ -5,6 +5,7 @@
 #include "cli/json/KitbagJson.h"
 #include "cli/json/NoiseJson.h"
 #include "cli/json/OscilloscopeJson.h"
+#include "cli/json/StarTestJson.h"
 #include "cli/json/Subject.h"
 #include "cli/json/TiffJson.h"
 #include "cli/json/TonalJson.h"
@@ -37,6 +38,7 @@ constexpr Analyser kAnalysers[] = {
     {FileKind::LightProfile, AnalysePlain},
     {FileKind::AdjustCenterCcd, AnalysePlain},
     {FileKind::VerticalCameraVerification, AnalysePlain},
+    {FileKind::StarTest, AnalyseStarTest},
     {FileKind::Tiff, AnalyseTiff},
     {FileKind::Unknown, AnalyseUnknown},
 };
