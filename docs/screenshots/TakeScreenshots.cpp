@@ -53,6 +53,8 @@ const Shot kShots[] = {
         {"dynamicRangeButton"}},
     {"tonal-report", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600},
         {"reportCheck"}},
+    {"startest", "CStarTest_Dialog", "startest-sweeps.con", {1240, 600}, {}},
+    {"startest-average", "CStarTest_Dialog", "startest-repeats.con", {1240, 600}, {}},
 };
 
 /// The top window that is open now: a modal dialog.
