@@ -3,8 +3,8 @@
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 #include "viewers/picture/CPictureView_Dialog.h"
-#include "viewers/tonal/CTonalResolutionDialog.h"
 #include "viewers/startest/CStarTest_Dialog.h"
+#include "viewers/tonal/CTonalResolutionDialog.h"
 
 #include <system_error>
 
@@ -44,6 +44,7 @@ ViewerTable ProgramViewers()
     viewers.Add("CTonalResolutionDialog",
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
             CTonalResolutionDialog(file, parent).exec();
+        });
     viewers.Add("CStarTest_Dialog",
         [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
             CStarTest_Dialog(file, host, parent).exec();

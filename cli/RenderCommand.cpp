@@ -10,7 +10,6 @@
 #include "cli/render/TonalPicture.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
-#include "viewers/tonal/TonalView.h"
 
 #include <CLI/CLI.hpp>
 
@@ -80,10 +79,6 @@ void AddViewOptions(CLI::App& command, Settings& settings)
             "--zoom", settings.zoom, "So many times as large, about the middle (default: 1)")
         ->transform(WholeNumber(1, std::numeric_limits<int>::max()))
         ->type_name("N");
-    command
-        .add_option("--view", settings.view,
-            "The tonal resolution's plot: 0 best fit, 1 difference, 2 dynamic range (default: 0)")
-        ->transform(WholeNumber(0, kTonalViews - 1))
     const auto takeView = [&settings](int number) { settings.view = number; };
     command
         .add_option_function<int>(

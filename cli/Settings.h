@@ -43,7 +43,6 @@ struct Settings {
     std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.
     std::optional<NoiseUnit> unit;     ///< Of positions on a noise line; else the viewer's.
     int zoom = 1;
-    int view = 0; ///< Which of its plots, for kinds that have several.
     std::optional<std::int64_t> sweep; ///< 0-based; else the one that the viewer begins with.
     std::optional<int> view;           ///< In kinds that have several; else the first.
     bool arrays = false;               ///< Tell whole curves, not only their figures.

@@ -45,7 +45,10 @@ std::string RenderTonal(const Subject& subject, const Settings& settings)
         return data.DescribeFailure(result);
     TonalPlotContent content;
     content.data = &data;
-    content.view = static_cast<TonalView>(settings.view);
+    const int view = settings.view.value_or(0);
+    if (view >= kTonalViews)
+        return "A tonal resolution has the views 0 to " + std::to_string(kTonalViews - 1);
+    content.view = static_cast<TonalView>(view);
     if (std::string refusal = TakeChannel(settings, content); !refusal.empty())
         return refusal;
     const QSize size = SizeOf(settings);

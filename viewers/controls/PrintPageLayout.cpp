@@ -70,7 +70,6 @@ double DrawHeaderLines(QPainter& painter, const PrintPageLayout& layout,
 
 void DrawPlotPage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
     QSizeF plotSize, const std::function<void(QPainter&)>& drawPlot)
-    QSizeF plotSize, const std::function<void()>& drawPlot)
 {
     painter.save();
     painter.translate(page.topLeft());
@@ -80,7 +79,6 @@ void DrawPlotPage(QPainter& painter, const QRectF& page, const std::vector<std::
         painter.translate(plot.topLeft());
         painter.scale(plot.width() / plotSize.width(), plot.height() / plotSize.height());
         drawPlot(painter);
-        drawPlot();
     }
     painter.restore();
 }

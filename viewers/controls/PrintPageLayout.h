@@ -46,9 +46,5 @@ double DrawHeaderLines(QPainter& painter, const PrintPageLayout& layout,
 /// `plotSize` with its top left corner at the origin of the painter that `drawPlot` gets.
 void DrawPlotPage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
     QSizeF plotSize, const std::function<void(QPainter&)>& drawPlot);
-/// Draws a printed page into its printable rectangle: the header lines and below them a plot that
-/// is laid out at `plotSize` and scaled to the room there is. `drawPlot` draws it from the origin.
-void DrawPlotPage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
-    QSizeF plotSize, const std::function<void()>& drawPlot);
 
 } // namespace vireo

@@ -266,8 +266,6 @@ void DrawNoisePage(QPainter& painter, const QRectF& page, const std::vector<std:
 {
     DrawPlotPage(painter, page, header, plotSize,
         [&](QPainter& plot) { DrawNoisePlot(plot, plotSize, content); });
-    DrawPlotPage(
-        painter, page, header, plotSize, [&] { DrawNoisePlot(painter, plotSize, content); });
 }
 
 } // namespace vireo

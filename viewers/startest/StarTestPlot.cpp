@@ -287,8 +287,8 @@ void DrawStarTestCursor(
 void DrawStarTestPage(QPainter& painter, const QRectF& page, const std::vector<std::string>& header,
     QSizeF plotSize, const StarTestPlotContent& content)
 {
-    DrawPlotPage(
-        painter, page, header, plotSize, [&] { DrawStarTestPicture(painter, plotSize, content); });
+    DrawPlotPage(painter, page, header, plotSize,
+        [&](QPainter& plot) { DrawStarTestPicture(plot, plotSize, content); });
 }
 
 SweepList SweepList::Of(const StarTestData& data, QSizeF size)
