@@ -8,10 +8,10 @@
 #include "viewers/noise/NoiseExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeExport.h"
-#include "viewers/tonal/TonalExport.h"
-#include "viewers/tonal/TonalResolutionData.h"
 #include "viewers/startest/StarTestData.h"
 #include "viewers/startest/StarTestExport.h"
+#include "viewers/tonal/TonalExport.h"
+#include "viewers/tonal/TonalResolutionData.h"
 
 namespace vireo {
 
@@ -48,6 +48,8 @@ std::string ExportTonal(const Subject& subject, const Settings& settings)
     if (const TonalResult result = data.Read(subject.path); result != TonalResult::Ok)
         return data.DescribeFailure(result);
     return DescribeOutput(settings.output, ExportTonalAsCsv(settings.output, data));
+}
+
 std::string ExportStarTest(const Subject& subject, const Settings& settings)
 {
     StarTestData data;

@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "viewers/controls/Colours.h"
+#include "viewers/controls/PlotCursor.h"
 #include "viewers/controls/PrintPageLayout.h"
 #include "viewers/controls/ProfilePlot.h"
 #include "viewers/controls/Symbols.h"

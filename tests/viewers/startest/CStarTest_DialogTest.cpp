@@ -33,6 +33,8 @@ public:
         return true;
     }
 
+    bool UnpackDump(const std::filesystem::path&, QWidget*) override { return false; }
+
     std::optional<MarkedPicture> opened;
 };
 
