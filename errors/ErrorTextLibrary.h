@@ -24,6 +24,11 @@ public:
     virtual void GetText(std::uint32_t code, char* text) = 0;
 
     static constexpr std::size_t kTextBytes = 4096;
+
+#ifdef _WIN32
+protected:
+    ~IErrorText() = default;
+#endif
 };
 
 /// The library with the translated texts of errors, "ErrorOut.DLL" in the program's folder, loaded

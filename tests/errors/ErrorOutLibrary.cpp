@@ -6,7 +6,7 @@
 
 namespace {
 
-class ErrorText : public vireo::IErrorText {
+class ErrorText final : public vireo::IErrorText {
 public:
 #ifdef _WIN32
     void* Destroy(unsigned) override
