@@ -4,6 +4,7 @@
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 #include "viewers/picture/CPictureView_Dialog.h"
 #include "viewers/startest/CStarTest_Dialog.h"
+#include "viewers/stitch/CView_Stitch_Dialog.h"
 #include "viewers/tonal/CTonalResolutionDialog.h"
 
 #include <system_error>
@@ -48,6 +49,12 @@ ViewerTable ProgramViewers()
     viewers.Add("CStarTest_Dialog",
         [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
             CStarTest_Dialog(file, host, parent).exec();
+        });
+    viewers.Add(
+        "CView_Stitch_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CView_Stitch_Dialog dialog(file, parent);
+            if (dialog.HasPicture())
+                dialog.exec();
         });
     return viewers;
 }

@@ -23,8 +23,7 @@ BenchCommand PlotBench();
 BenchCommand FirstFrameBench();
 BenchCommand StarTestBench();
 BenchCommand TiffDecodeBench();
-/// What is to be measured once the programs do it.
-BenchCommand FutureBench(const char* name);
+BenchCommand TiffEncodeBench();
 
 // Options and arguments that several commands share.
 enum class Presence { Required, Optional };

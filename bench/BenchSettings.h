@@ -4,6 +4,7 @@
 #include "cli/CommandLineReader.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -18,7 +19,10 @@ struct BenchSettings {
     int threads = 1;  ///< 1: no helper threads; 0: as many as the viewer uses.
     FileKind kind = FileKind::Unknown;
     std::optional<PictureSize> size;
-    std::uint32_t page = 1; ///< Of a TIFF file, counted from 1.
+    std::optional<std::uint16_t> compression; ///< By its code in TIFF files.
+    std::optional<std::uint16_t> predictor;
+    std::filesystem::path output; ///< Empty: a temporary file.
+    std::uint32_t page = 1;       ///< Of a TIFF file, counted from 1.
 };
 
 } // namespace vireo

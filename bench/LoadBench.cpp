@@ -23,7 +23,9 @@ FileResult Load(const std::string& file)
     const FileStatus status = RecogniseSubject(file, std::nullopt, subject);
     if (status != FileStatus::Ok)
         return {{}, std::string(Describe(status))};
-    return AnalyseFile(subject, {});
+    AnalyseSettings settings;
+    settings.hashes = false;
+    return AnalyseFile(subject, settings);
 }
 
 FileResult Run(const BenchSettings& settings)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/CommandLineReader.h"
+#include "bench/BenchSettings.h"
 
 #include <cstdint>
 #include <memory>
@@ -17,6 +17,8 @@ class MeasuredPlot {
 public:
     virtual ~MeasuredPlot() = default;
 
+    /// The size of every picture to come; told once, before anything else.
+    virtual void SetSize(const QSize&) { }
     /// Does again what the first drawing after loading has to do and later ones do not.
     virtual void PrepareFirst() = 0;
     /// Draws the stretch from `first` on into a picture of a size.
@@ -32,10 +34,11 @@ struct LoadedPlot {
     std::unique_ptr<MeasuredPlot> plot;
     std::string failure;
 };
-LoadedPlot LoadOscilloscopePlot(const std::string& file);
-LoadedPlot LoadNoisePlot(const std::string& file);
-LoadedPlot LoadTiffPlot(const std::string& file);
-LoadedPlot LoadTonalPlot(const std::string& file);
-LoadedPlot LoadStarTestPlot(const std::string& file);
+LoadedPlot LoadOscilloscopePlot(const BenchSettings& settings);
+LoadedPlot LoadNoisePlot(const BenchSettings& settings);
+LoadedPlot LoadTiffPlot(const BenchSettings& settings);
+LoadedPlot LoadTonalPlot(const BenchSettings& settings);
+LoadedPlot LoadStarTestPlot(const BenchSettings& settings);
+LoadedPlot LoadStitchPlot(const BenchSettings& settings);
 
 } // namespace vireo

@@ -42,10 +42,10 @@ private:
 
 } // namespace
 
-LoadedPlot LoadNoisePlot(const std::string& file)
+LoadedPlot LoadNoisePlot(const BenchSettings& settings)
 {
     auto plot = std::make_unique<NoiseBenchPlot>();
-    if (std::string failure = plot->Load(file); !failure.empty())
+    if (std::string failure = plot->Load(settings.file); !failure.empty())
         return {nullptr, std::move(failure)};
     return {std::move(plot), {}};
 }

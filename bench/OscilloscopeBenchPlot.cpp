@@ -50,10 +50,10 @@ private:
 
 } // namespace
 
-LoadedPlot LoadOscilloscopePlot(const std::string& file)
+LoadedPlot LoadOscilloscopePlot(const BenchSettings& settings)
 {
     auto plot = std::make_unique<OscilloscopePlot>();
-    if (std::string failure = plot->Load(file); !failure.empty())
+    if (std::string failure = plot->Load(settings.file); !failure.empty())
         return {nullptr, std::move(failure)};
     return {std::move(plot), {}};
 }

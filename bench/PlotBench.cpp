@@ -28,7 +28,7 @@ constexpr int kScrollSteps = 64;
 struct PlotRow {
     FileKind kind;
     PictureSize size; ///< When none is given.
-    LoadedPlot (*load)(const std::string& file);
+    LoadedPlot (*load)(const BenchSettings& settings);
 };
 
 constexpr PlotRow kPlots[] = {
@@ -38,6 +38,7 @@ constexpr PlotRow kPlots[] = {
     {FileKind::Tiff, {1600, 1000}, LoadTiffPlot},
     {FileKind::TonalResolution, {1600, 500}, LoadTonalPlot},
     {FileKind::StarTest, {1600, 500}, LoadStarTestPlot},
+    {FileKind::Stitch, {1600, 1000}, LoadStitchPlot},
 };
 
 /// Draws into a new picture each time, as a control does whose kept picture was dropped.
@@ -105,6 +106,7 @@ FileResult Measure(MeasuredPlot& plot, PictureSize size, int repeat)
     char* arguments[] = {name.data(), nullptr};
     int count = 1;
     const QGuiApplication application(count, arguments);
+    plot.SetSize({size.width, size.height});
     const Canvas canvas(plot, size);
     const auto drawFirst = [&] {
         plot.PrepareFirst();
@@ -128,7 +130,7 @@ FileResult Run(const BenchSettings& settings)
         [&](const PlotRow& candidate) { return candidate.kind == settings.kind; });
     if (row == std::end(kPlots))
         return {{}, NotYet(settings.kind, "plotted")};
-    LoadedPlot loaded = row->load(settings.file);
+    LoadedPlot loaded = row->load(settings);
     if (!loaded.plot)
         return {{}, std::move(loaded.failure)};
     return Measure(*loaded.plot, settings.size.value_or(row->size), settings.repeat);

@@ -61,10 +61,10 @@ private:
 
 } // namespace
 
-LoadedPlot LoadStarTestPlot(const std::string& file)
+LoadedPlot LoadStarTestPlot(const BenchSettings& settings)
 {
     auto plot = std::make_unique<StarTestPlot>();
-    if (std::string failure = plot->Load(file); !failure.empty())
+    if (std::string failure = plot->Load(settings.file); !failure.empty())
         return {nullptr, std::move(failure)};
     return {std::move(plot), {}};
 }

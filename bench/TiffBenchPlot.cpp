@@ -92,10 +92,10 @@ private:
 
 } // namespace
 
-LoadedPlot LoadTiffPlot(const std::string& file)
+LoadedPlot LoadTiffPlot(const BenchSettings& settings)
 {
     auto plot = std::make_unique<TiffBenchPlot>();
-    if (std::string failure = plot->Load(file); !failure.empty())
+    if (std::string failure = plot->Load(settings.file); !failure.empty())
         return {nullptr, std::move(failure)};
     return {std::move(plot), {}};
 }

@@ -1,18 +1,24 @@
 #include "bench/TiffPicture.h"
 
-#include "imagefile/CTIFReader.h"
+#include "imagefile/CLittleEndianFilter.h"
 
 namespace vireo {
 
-ImageResult TiffPicture::Decode(const std::filesystem::path& file, std::uint32_t page)
+ImageResult TiffPicture::Decode(
+    const std::filesystem::path& file, std::uint32_t page, Samples samples)
 {
     CTIFReader reader;
     reader.SetFile(file);
     reader.SetPage(page);
-    reader.SetReceiver(*this);
+    CLittleEndianFilter filter(reader, *this);
+    CImageReceiver& direct = *this;
+    reader.SetReceiver(samples == Samples::LittleEndian ? filter : direct);
     std::uint32_t rows = 0;
     if (const ImageResult result = reader.Open(rows); result != ImageResult::Ok)
         return result;
+    m_colorMap.reset();
+    if (reader.ColorMapEntries() != 0)
+        m_colorMap = reader.Entries().colorMap;
     for (; rows != 0; --rows) {
         if (const ImageResult result = reader.ReadLine(); result != ImageResult::Ok)
             return result;

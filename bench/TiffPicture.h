@@ -1,10 +1,13 @@
 #pragma once
 
 #include "imagefile/CImageReceiver.h"
+#include "imagefile/TifPage.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace vireo {
@@ -12,14 +15,19 @@ namespace vireo {
 /// A picture in memory, for measuring.
 class TiffPicture : private CImageReceiver {
 public:
+    /// The byte order of 16-bit samples.
+    enum class Samples { AsInFile, LittleEndian };
+
     /// Reads a page, counted from 1, into this picture. Its memory is made the first time only, so
     /// that later times measure decoding alone. Returns the first failure of a row.
-    ImageResult Decode(const std::filesystem::path& file, std::uint32_t page);
+    ImageResult Decode(
+        const std::filesystem::path& file, std::uint32_t page, Samples samples = Samples::AsInFile);
 
     ColorDepth Depth() const { return m_depth; }
     std::uint32_t Width() const { return m_width; }
     std::uint32_t Height() const { return m_height; }
     std::uint32_t Resolution() const { return m_resolution; }
+    const std::optional<std::array<TifPage::Color, 256>>& ColorMap() const { return m_colorMap; }
     std::size_t RowBytes() const { return m_rowBytes; }
     std::size_t Bytes() const { return m_pixels.size(); }
     const std::uint8_t* Row(std::size_t row) const { return m_pixels.data() + row * m_rowBytes; }
@@ -36,6 +44,7 @@ private:
     std::uint32_t m_width = 0;
     std::uint32_t m_height = 0;
     std::uint32_t m_resolution = 0;
+    std::optional<std::array<TifPage::Color, 256>> m_colorMap;
     std::size_t m_rowBytes = 0;
     std::size_t m_row = 0;
 };

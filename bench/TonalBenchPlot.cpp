@@ -40,10 +40,10 @@ private:
 
 } // namespace
 
-LoadedPlot LoadTonalPlot(const std::string& file)
+LoadedPlot LoadTonalPlot(const BenchSettings& settings)
 {
     auto plot = std::make_unique<TonalBenchPlot>();
-    if (std::string failure = plot->Load(file); !failure.empty())
+    if (std::string failure = plot->Load(settings.file); !failure.empty())
         return {nullptr, std::move(failure)};
     return {std::move(plot), {}};
 }

@@ -27,7 +27,7 @@ int main(int argc, char** argv)
     vireo::NoteProcessStart(argv);
     vireo::SetUpStandardOutput();
     const vireo::BenchCommand commands[] = {vireo::LoadBench(), vireo::PlotBench(),
-        vireo::FirstFrameBench(), vireo::TiffDecodeBench(), vireo::FutureBench("tiff-encode"),
+        vireo::FirstFrameBench(), vireo::TiffDecodeBench(), vireo::TiffEncodeBench(),
         vireo::StarTestBench()};
     CLI::App app("How fast the viewer's own code is.", vireo::kBenchProgram);
     vireo::BenchSettings settings;

@@ -23,7 +23,8 @@ void AddOptions(CLI::App& command, Settings& settings)
 int Run(const Settings& settings)
 {
     return RunOverFiles(settings, [&settings](const Subject& subject) {
-        return AnalyseFile(subject, AnalyseSettings{settings.line, settings.unit, settings.arrays});
+        return AnalyseFile(
+            subject, AnalyseSettings{settings.line, settings.unit, settings.arrays, true});
     });
 }
 

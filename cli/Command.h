@@ -25,6 +25,7 @@ Command RenderCommand();
 Command ExportCommand();
 Command UnpackCommand();
 Command PackCommand();
+Command ConvertCommand();
 Command ErrorCommand();
 
 } // namespace vireo

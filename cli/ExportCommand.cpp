@@ -10,6 +10,9 @@
 #include "viewers/oscilloscope/OscilloscopeExport.h"
 #include "viewers/startest/StarTestData.h"
 #include "viewers/startest/StarTestExport.h"
+#include "viewers/stitch/StitchData.h"
+#include "viewers/stitch/StitchExport.h"
+#include "viewers/stitch/StitchText.h"
 #include "viewers/tonal/TonalExport.h"
 #include "viewers/tonal/TonalResolutionData.h"
 
@@ -59,12 +62,25 @@ std::string ExportStarTest(const Subject& subject, const Settings& settings)
         settings.output, ExportSweepAsCsv(settings.output, *data.SelectedSweep()));
 }
 
+std::string ExportStitch(const Subject& subject, const Settings& settings)
+{
+    StitchData data;
+    if (const StitchResult result = data.Read(subject.path); result != StitchResult::Ok)
+        return data.DescribeFailure(result);
+    if (!data.IsWorkable())
+        return kNotWorkable;
+    if (settings.line >= data.Picture()->Height())
+        return "There is no line " + std::to_string(settings.line);
+    return DescribeOutput(settings.output, ExportStitchAsCsv(settings.output, data, settings.line));
+}
+
 constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, ExportOscilloscope},
     {FileKind::Mtf, ExportOscilloscope},
     {FileKind::Noise, ExportNoise},
     {FileKind::TonalResolution, ExportTonal},
     {FileKind::StarTest, ExportStarTest},
+    {FileKind::Stitch, ExportStitch},
 };
 
 int Run(const Settings& settings)

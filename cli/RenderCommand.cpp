@@ -6,6 +6,7 @@
 #include "cli/render/NoisePicture.h"
 #include "cli/render/OscilloscopePicture.h"
 #include "cli/render/StarTestPicture.h"
+#include "cli/render/StitchPicture.h"
 #include "cli/render/TiffPicture.h"
 #include "cli/render/TonalPicture.h"
 #include "platform/Path.h"
@@ -85,6 +86,7 @@ void AddViewOptions(CLI::App& command, Settings& settings)
             "--view", takeView, "Which of its views, in kinds that have several (default: 0)")
         ->transform(WholeNumber(0, std::numeric_limits<int>::max()))
         ->type_name("N");
+    command.add_flag("--fit", settings.isWhole, "The whole picture, as large as the size allows");
 }
 
 void AddOptions(CLI::App& command, Settings& settings)
@@ -104,7 +106,9 @@ void AddOptions(CLI::App& command, Settings& settings)
     };
     command
         .add_option_function<std::string>("--size", takeSize,
-            "Width and height in pixels (default: 1600x500); a PDF's plot is scaled to the paper")
+            "Width and height in pixels (default: 1600x500, of pictures 1600x1000); a PDF's plot "
+            "is "
+            "scaled to the paper")
         ->type_name("WxH");
     const auto takePaper = [&settings](const std::string& text) {
         settings.paper = Choose(kPapers, "--page", text);
@@ -122,6 +126,7 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Tiff, RenderTiff},
     {FileKind::TonalResolution, RenderTonal},
     {FileKind::StarTest, RenderStarTest},
+    {FileKind::Stitch, RenderStitch},
 };
 
 int Run(const Settings& settings)

@@ -2,6 +2,7 @@
 
 #include "app/FileKind.h"
 #include "cli/CommandLineReader.h"
+#include "imagefile/TifConversion.h"
 #include "viewers/controls/ProfileLine.h"
 #include "viewers/noise/NoiseUnit.h"
 
@@ -46,6 +47,9 @@ struct Settings {
     std::optional<std::int64_t> sweep; ///< 0-based; else the one that the viewer begins with.
     std::optional<int> view;           ///< In kinds that have several; else the first.
     bool arrays = false;               ///< Tell whole curves, not only their figures.
+
+    TifConversion conversion; ///< Without the files.
+    bool isWhole = false;     ///< All of a picture is shown, at the zoom that this takes.
 
     std::uint32_t errorCode = 0;
     bool plateScanner = false; ///< Errors are worded for scanners with a moving table.

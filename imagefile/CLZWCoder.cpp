@@ -15,7 +15,6 @@ constexpr std::uint32_t kEndCode = 257;
 constexpr std::uint32_t kFirstCode = 258;
 constexpr std::uint32_t kHighestCode = 4095;
 constexpr unsigned kShortestCode = 9;
-constexpr unsigned kLongestCode = 12;
 constexpr unsigned kCodeMask = 0xfff;
 constexpr unsigned kGenerationShift = 12;
 constexpr std::uint32_t kGenerations = 15;
@@ -183,7 +182,9 @@ void CLZWCoder::FollowRun(std::size_t count)
 
 /// Tried and slower: coding without a branch for strings known and unknown (half the speed on
 /// noise, where the processor guesses well that a string is unknown and goes on without waiting for
-/// the table); cells ordered by the difference of neighbouring bytes (up to a third slower).
+/// the table); cells ordered by prefix before byte (with runs taken apart, up to 40 % slower: the
+/// few bytes that most pictures are made of then share no cache lines), or by the difference of
+/// neighbouring bytes; the table on a page of 2 MiB (no difference).
 ImageResult CLZWCoder::LineDone()
 {
     const std::uint8_t* next = Row();

@@ -24,7 +24,8 @@ public:
     ImageResult EndImage(std::uint32_t status) override;
 
 private:
-    static constexpr std::size_t kCodes = 4096;
+    static constexpr unsigned kLongestCode = 12;
+    static constexpr std::size_t kCodes = std::size_t{1} << kLongestCode;
     static constexpr std::size_t kMostPending = 1024;
 
     /// The codes of strings that are one byte over and over, as far as they are known, so that a
@@ -37,7 +38,7 @@ private:
 
     std::uint16_t& Cell(std::uint32_t code, std::uint32_t byte)
     {
-        return m_table[code << 8 | byte];
+        return m_table[byte << kLongestCode | code];
     }
     void AddString(std::uint32_t code, std::uint16_t& cell);
     void FollowRun(std::size_t count);

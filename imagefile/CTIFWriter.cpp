@@ -5,9 +5,9 @@
 #include "imagefile/CLZWCoder.h"
 #include "imagefile/CPackbitCoder.h"
 #include "imagefile/CPlainCoder.h"
+#include "imagefile/IccProfile.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace vireo {
@@ -165,42 +165,20 @@ ImageResult CTIFWriter::Begin()
     return m_result;
 }
 
-/// In front of the picture, so that one that cannot be read is told before the work begins.
+/// In front of the picture, so that one that cannot be taken is told before the work begins.
 ImageResult CTIFWriter::WriteProfile()
 {
-    CIccProfileReader* const profile = m_settings.profile;
-    if (!profile)
+    if (!m_settings.profile)
         return ImageResult::Ok;
-    if (profile->OpenProfile())
-        return Fail(ImageResult::CantOpenIcc, {});
-    const ImageResult result = CopyProfile(*profile);
-    profile->CloseProfile();
-    return result;
-}
-
-ImageResult CTIFWriter::CopyProfile(CIccProfileReader& profile)
-{
-    // ICC.1, 7.2: the header, and in it the signature that every profile has.
-    constexpr std::size_t kHeaderBytes = 128;
-    constexpr std::size_t kSignaturePlace = 36;
-    constexpr std::string_view kSignature = "acsp";
-    const std::uint32_t size = profile.GetProfileSize();
     std::vector<std::uint8_t> bytes;
-    if (size > kMostProfileBytes || !AllocateZeroed(bytes, size))
-        return Fail(ImageResult::TifOutOfMemory, "the icc-profile is too large");
-    for (std::size_t done = 0; done < size;) {
-        const std::size_t count = profile.ReadProfile(std::span(bytes).subspan(done));
-        if (count == 0)
-            return Fail(ImageResult::CantOpenIcc, "it ends too early");
-        done += count;
-    }
-    if (size < kHeaderBytes
-        || !std::equal(kSignature.begin(), kSignature.end(), bytes.begin() + kSignaturePlace))
-        return Fail(ImageResult::InvalidTiffArguments, "Icc-profile unknown format");
+    std::string reason;
+    const ImageResult result = ReadIccProfile(*m_settings.profile, bytes, reason);
+    if (result != ImageResult::Ok)
+        return m_settings.requiresProfile ? Fail(result, reason) : ImageResult::Ok;
     m_profileOffset = static_cast<std::uint32_t>(m_output->Position());
-    m_profileBytes = size;
+    m_profileBytes = static_cast<std::uint32_t>(bytes.size());
     m_output->Write(bytes);
-    return Fail(m_output->Result(), {});
+    return m_output->Result() == ImageResult::Ok ? ImageResult::Ok : FailToWrite();
 }
 
 ImageResult CTIFWriter::LineDone()

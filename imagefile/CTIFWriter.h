@@ -25,6 +25,8 @@ struct TifSettings {
     /// Of pictures of depth Palette8, which must have it.
     std::optional<std::array<TifPage::Color, 256>> colorMap;
     CIccProfileReader* profile = nullptr; ///< Not owned; null: none.
+    /// A profile that cannot be taken is a failure; else the picture is written without it.
+    bool requiresProfile = true;
 };
 
 /// Writes a picture as a little-endian TIFF of one page: the rows go through a filter, where there
@@ -37,8 +39,6 @@ struct TifSettings {
 class CTIFWriter : public CImageReceiver {
 public:
     static constexpr std::uint64_t kStripBytes = 64 * 1024;
-    /// Longer profiles are refused.
-    static constexpr std::uint32_t kMostProfileBytes = 64 * 1024 * 1024;
 
     CTIFWriter(const std::filesystem::path& file, TifSettings settings);
     CTIFWriter(std::unique_ptr<CTIFTarget> target, TifSettings settings,
@@ -64,7 +64,6 @@ private:
     ImageResult CheckArguments();
     ImageResult MakeStages();
     ImageResult WriteProfile();
-    ImageResult CopyProfile(CIccProfileReader& profile);
     ImageResult Finish();
     void AddEntries(TifDirectory& directory) const;
     void AddStripByteCounts(TifDirectory& directory) const;

@@ -20,13 +20,18 @@ FileStatus AtomicFile::Write(std::string_view text)
 
 FileStatus AtomicFile::Write(std::span<const std::uint8_t> bytes)
 {
-    constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
+    // Each write costs the system some microseconds besides the copying: 512 KiB took two thirds of
+    // the time of 64 KiB, and 1 MiB no less.
+    constexpr std::size_t kBufferSize = std::size_t{512} * 1024;
     if (m_status != FileStatus::Ok)
         return m_status;
+    if (bytes.size() > kBufferSize - m_buffer.size() && FlushBuffer() != FileStatus::Ok)
+        return m_status;
     if (bytes.size() >= kBufferSize)
-        return FlushBuffer() == FileStatus::Ok ? WriteThrough(bytes) : m_status;
+        return WriteThrough(bytes);
+    m_buffer.reserve(kBufferSize);
     m_buffer.insert(m_buffer.end(), bytes.begin(), bytes.end());
-    return m_buffer.size() < kBufferSize ? FileStatus::Ok : FlushBuffer();
+    return FileStatus::Ok;
 }
 
 FileStatus AtomicFile::FlushBuffer()

@@ -4,6 +4,7 @@
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
+#include "samples/StitchSamples.h"
 #include "samples/TiffSamples.h"
 #include "viewers/startest/StarTestWriter.h"
 
@@ -125,13 +126,15 @@ bool WriteBigStarTest(std::uint64_t bytes, const std::filesystem::path& path)
 std::string_view BigFileKinds()
 {
     return "oscilloscope oscilloscope-gray oscilloscope-line oscilloscope-gray-line noise "
-           "noise-gray startest tiff tiff-lzw";
+           "noise-gray startest stitch stitch-run-length tiff tiff-lzw";
 }
 
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path)
 {
     if (kind == "noise" || kind == "noise-gray")
         return WriteBigNoise(kind == "noise-gray", bytes, path);
+    if (kind == "stitch" || kind == "stitch-run-length")
+        return WriteBigStitch(kind, bytes, path);
     if (kind == "startest")
         return WriteBigStarTest(bytes, path);
     if (kind == "tiff")

@@ -15,8 +15,9 @@ std::string_view BigFileKinds();
 /// cameras; "oscilloscope-gray-line", the same in gray; "noise", one colour noise line, and
 /// "noise-gray", the same in gray; "startest", sweeps of
 /// 20,000 lines; "tiff", a square gray picture, and "tiff-lzw", the same in LZW. Oscilloscope
-/// lines, sweeps and pictures are streamed: any number needs little memory. Returns false for an
-/// unknown kind and when writing fails.
+/// lines, sweeps and pictures are streamed: any number needs little memory. "stitch" and
+/// "stitch-run-length" are pictures as WriteBigStitch makes them. Returns false for an unknown kind
+/// and when writing fails.
 bool WriteBigFile(std::string_view kind, std::uint64_t bytes, const std::filesystem::path& path);
 
 } // namespace vireo

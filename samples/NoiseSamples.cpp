@@ -1,5 +1,6 @@
 #include "samples/NoiseSamples.h"
 
+#include "samples/OldHeader.h"
 #include "samples/SampleRandom.h"
 #include "testfile/TestFileHeader.h"
 
@@ -93,12 +94,11 @@ std::string TextHeader(const NoiseSetup& setup)
 
 std::string BinaryHeader(const NoiseSetup& setup)
 {
-    std::string header(OldFileHeader::kBytes, '\0');
-    header[11] = static_cast<char>(OldFileHeader::kTypeNoise);
-    header[17] = setup.planeCount > 1 ? 1 : 0;
-    for (std::size_t i = 0; i < 4; ++i)
-        header[28 + i] = static_cast<char>(setup.lineLength >> (8 * i) & 0xFF);
-    return header;
+    OldFileHeader fields;
+    fields.type = OldFileHeader::kTypeNoise;
+    fields.colorFlag = setup.planeCount > 1 ? 1 : 0;
+    fields.width = setup.lineLength;
+    return OldHeaderBytes(fields);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
+#include "samples/StitchSamples.h"
 #include "samples/TiffSamples.h"
 #include "samples/TonalSamples.h"
 
@@ -13,6 +14,8 @@ std::vector<SampleFile> AllSamples()
 {
     std::vector<SampleFile> files = OscilloscopeSamples();
     for (SampleFile& file : NoiseSamples())
+        files.push_back(std::move(file));
+    for (SampleFile& file : StitchSamples())
         files.push_back(std::move(file));
     for (SampleFile& file : StarTestSamples())
         files.push_back(std::move(file));

@@ -6,6 +6,7 @@
 #include "cli/json/NoiseJson.h"
 #include "cli/json/OscilloscopeJson.h"
 #include "cli/json/StarTestJson.h"
+#include "cli/json/StitchJson.h"
 #include "cli/json/Subject.h"
 #include "cli/json/TiffJson.h"
 #include "cli/json/TonalJson.h"
@@ -35,6 +36,7 @@ constexpr Analyser kAnalysers[] = {
     {FileKind::Noise, AnalyseNoise},
     {FileKind::Kitbag, AnalyseKitbag},
     {FileKind::TonalResolution, AnalyseTonal},
+    {FileKind::Stitch, AnalyseStitch},
     {FileKind::LightProfile, AnalysePlain},
     {FileKind::AdjustCenterCcd, AnalysePlain},
     {FileKind::VerticalCameraVerification, AnalysePlain},

@@ -55,6 +55,8 @@ const Shot kShots[] = {
         {"reportCheck"}},
     {"startest", "CStarTest_Dialog", "startest-sweeps.con", {1240, 600}, {}},
     {"startest-average", "CStarTest_Dialog", "startest-repeats.con", {1240, 600}, {}},
+    {"stitch", "CView_Stitch_Dialog", "stitch-gray.con", {960, 640}, {}},
+    {"stitch-whole", "CView_Stitch_Dialog", "stitch-run-length.con", {760, 360}, {"fitButton"}},
 };
 
 /// The top window that is open now: a modal dialog.

@@ -52,7 +52,7 @@ void CPicture_Control::SetPicture(std::shared_ptr<const PictureRows> rows)
 
 void CPicture_Control::Redraw()
 {
-    m_picture = QImage();
+    m_bDrawn = false;
     m_bDrawExact = false;
     update();
 }
@@ -76,10 +76,13 @@ void CPicture_Control::DrawOver(QPainter&) { }
 
 void CPicture_Control::DrawKept()
 {
-    m_picture = QImage(ViewSize(), QImage::Format_RGB32);
+    // The memory is kept: it costs as much as drawing into it to get it anew.
+    if (m_picture.size() != ViewSize())
+        m_picture = QImage(ViewSize(), QImage::Format_RGB32);
     m_picture.setDevicePixelRatio(devicePixelRatioF());
     const bool isExact = DrawPicture(
         Content(), View(), m_picture, m_bDrawExact ? PictureQuality::Exact : PictureQuality::Fast);
+    m_bDrawn = true;
     if (!isExact && !m_bDrawExact && !m_builder.IsBuilding())
         m_restTimer.start(kRestMilliseconds);
 }
@@ -89,7 +92,7 @@ void CPicture_Control::paintEvent(QPaintEvent*)
     // The window may have come to a screen of another pixel ratio.
     if (ViewSize() != QSize(static_cast<int>(View().x.view), static_cast<int>(View().y.view)))
         FitViewToControl();
-    if (m_picture.isNull())
+    if (!m_bDrawn)
         DrawKept();
     QPainter painter(this);
     painter.drawImage(QPoint(0, 0), m_picture);

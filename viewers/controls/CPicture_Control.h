@@ -96,7 +96,8 @@ private:
     std::shared_ptr<const PictureRows> m_rows;
     PyramidBuilder m_builder;
     PictureNavigation m_navigation;
-    QImage m_picture; ///< What is shown; null when it has to be drawn anew.
+    QImage m_picture;      ///< What is shown.
+    bool m_bDrawn = false; ///< The picture is that of the view.
     bool m_bDrawExact = false;
     bool m_bStartBuild = false;
     QTimer m_buildTimer; ///< Looks how far the levels are.

@@ -13,7 +13,8 @@ LevelMaker::LevelMaker(std::int64_t sourceWidth, int channels, std::int64_t redu
       m_channels(static_cast<std::size_t>(channels)),
       m_width(static_cast<std::size_t>((sourceWidth + reduction - 1) / reduction)),
       m_paddedWidth(m_width * static_cast<std::size_t>(reduction)),
-      m_halvings(std::countr_zero(static_cast<std::uint64_t>(reduction)))
+      m_halvings(std::countr_zero(static_cast<std::uint64_t>(reduction))),
+      m_sums(m_paddedWidth * m_channels)
 {
 }
 
@@ -24,21 +25,23 @@ void LevelMaker::Make(std::span<const std::uint8_t* const> rows, BlockRow& block
         for (std::size_t i = 0; i < rows.size(); ++i)
             of[i] = rows[i] + channel * m_sourceWidth;
         const std::size_t offset = channel * m_paddedWidth;
-        SumUpRows(std::span(of).first(rows.size()), m_sourceWidth, blocks, offset);
+        SumUpRows(std::span(of).first(rows.size()), m_sourceWidth, m_sums, offset);
         // The last block is filled up with the last column.
         for (std::vector<std::uint8_t>* const entries :
-            {&blocks.mean, &blocks.lowest, &blocks.highest}) {
+            {&m_sums.mean, &m_sums.lowest, &m_sums.highest}) {
             std::uint8_t* const end = entries->data() + offset + m_sourceWidth;
             std::fill_n(end, m_paddedWidth - m_sourceWidth, end[-1]);
         }
     }
-    m_halver.Halve(blocks, BlockCount(), m_halvings);
+    m_halver.Halve(m_sums, m_paddedWidth * m_channels, m_halvings);
+    std::copy_n(m_sums.mean.begin(), BlockCount(), blocks.mean.begin());
+    FindExtremes(m_sums, BlockCount(), blocks.extreme.data());
 }
 
 void LevelMaker::MakeWhite(BlockRow& blocks)
 {
-    for (std::vector<std::uint8_t>* const entries : {&blocks.mean, &blocks.lowest, &blocks.highest})
-        std::fill(entries->begin(), entries->end(), PictureRows::kWhite);
+    std::fill(blocks.mean.begin(), blocks.mean.end(), PictureRows::kWhite);
+    std::fill(blocks.extreme.begin(), blocks.extreme.end(), PictureRows::kWhite);
 }
 
 void LevelMaker::Pick(

@@ -15,7 +15,7 @@ public:
     LevelMaker(std::int64_t sourceWidth, int channels, std::int64_t reduction);
 
     /// Entries that a row of blocks needs.
-    std::size_t BlockCount() const { return m_paddedWidth * m_channels; }
+    std::size_t BlockCount() const { return m_width * m_channels; }
 
     /// Sums up one row of blocks. A row holds its channels one behind the other.
     void Make(std::span<const std::uint8_t* const> rows, BlockRow& blocks);
@@ -32,6 +32,7 @@ private:
     std::size_t m_width;
     std::size_t m_paddedWidth;
     int m_halvings;
+    BlockSums m_sums;
     ColumnHalver m_halver;
     BlockPicker m_picker;
 };

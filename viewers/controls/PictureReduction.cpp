@@ -77,7 +77,7 @@ void SumUpMany(
 
 } // namespace
 
-void SumUpRows(std::span<const std::uint8_t* const> rows, std::size_t width, BlockRow& blocks,
+void SumUpRows(std::span<const std::uint8_t* const> rows, std::size_t width, BlockSums& blocks,
     std::size_t offset)
 {
     assert(!rows.empty() && rows.size() <= kMostBlockRows);
@@ -112,10 +112,10 @@ void JoinPairs(const std::vector<std::uint8_t>& from, std::vector<std::uint8_t>&
 
 } // namespace
 
-std::size_t ColumnHalver::Halve(BlockRow& blocks, std::size_t count, int times)
+std::size_t ColumnHalver::Halve(BlockSums& blocks, std::size_t count, int times)
 {
     if (m_half.mean.size() < blocks.mean.size())
-        m_half = BlockRow(blocks.mean.size());
+        m_half = BlockSums(blocks.mean.size());
     for (int time = 0; time < times && count > 1; ++time) {
         // Rounding up and down in turns keeps the mean where it is over many steps.
         const int rounding = time % 2 == 0 ? 1 : 0;
@@ -135,6 +135,25 @@ std::size_t ColumnHalver::Halve(BlockRow& blocks, std::size_t count, int times)
         std::swap(blocks, m_half);
     }
     return count;
+}
+
+namespace {
+
+void FindExtremes(const std::uint8_t* __restrict means, const std::uint8_t* __restrict lows,
+    const std::uint8_t* __restrict highs, std::size_t count, std::uint8_t* __restrict extremes)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto below = static_cast<std::uint8_t>(means[i] - lows[i]);
+        const auto above = static_cast<std::uint8_t>(highs[i] - means[i]);
+        extremes[i] = below > above ? lows[i] : highs[i];
+    }
+}
+
+} // namespace
+
+void FindExtremes(const BlockSums& blocks, std::size_t count, std::uint8_t* extremes)
+{
+    FindExtremes(blocks.mean.data(), blocks.lowest.data(), blocks.highest.data(), count, extremes);
 }
 
 void SplitChannels(std::span<std::uint8_t> row, std::vector<std::uint8_t>& scratch)

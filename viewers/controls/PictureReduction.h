@@ -12,8 +12,8 @@ namespace vireo {
 // Drawn small, one pixel stands for a block of pixels. Its value is their mean, so that noise,
 // texture and edges look as from a distance. Only where the block holds something that would
 // vanish, its value is that extreme itself: something clearly darker (or lighter) than the mean,
-// which no block around it shows. Of both, the one farther from the mean. How clearly is measured
-// against the blocks around: noise is everywhere, a line leaves some of them calm.
+// which no block around it shows. How clearly is measured against the blocks around: noise is
+// everywhere, a line leaves some of them calm.
 
 // The loops over bytes are written for the compiler's vectoriser: bytes in, bytes out, no branches,
 // and parameters that are said not to overlap.
@@ -28,31 +28,49 @@ inline std::uint8_t HigherByte(std::uint8_t a, std::uint8_t b)
     return a < b ? b : a;
 }
 
-/// Mean, lowest and highest value of the blocks of one row of blocks, side by side.
-struct BlockRow {
-    explicit BlockRow(std::size_t count = 0) : mean(count), lowest(count), highest(count) { }
+/// About half-way between two values: the vectoriser has one instruction for it.
+inline std::uint8_t MiddleByte(std::uint8_t a, std::uint8_t b)
+{
+    return static_cast<std::uint8_t>((a + b + 1) >> 1);
+}
+
+/// Mean, lowest and highest value of blocks that lie side by side, while they are summed up.
+struct BlockSums {
+    explicit BlockSums(std::size_t count = 0) : mean(count), lowest(count), highest(count) { }
 
     std::vector<std::uint8_t> mean;
     std::vector<std::uint8_t> lowest;
     std::vector<std::uint8_t> highest;
 };
 
+/// What is left of the blocks of one row: each one's mean, and of its lowest and highest value the
+/// one that is farther from it.
+struct BlockRow {
+    explicit BlockRow(std::size_t count = 0) : mean(count), extreme(count) { }
+
+    std::vector<std::uint8_t> mean;
+    std::vector<std::uint8_t> extreme;
+};
+
 /// Most rows that a block may have.
 inline constexpr std::size_t kMostBlockRows = 64;
 
-/// The blocks that are one pixel wide and as high as there are rows: 1 to kMostBlockRows. `blocks`
-/// gets the first `width` entries of `offset` on.
-void SumUpRows(std::span<const std::uint8_t* const> rows, std::size_t width, BlockRow& blocks,
+/// The blocks that are one pixel wide and as high as there are rows: 1 to kMostBlockRows. The first
+/// one goes to place `offset` of `blocks`.
+void SumUpRows(std::span<const std::uint8_t* const> rows, std::size_t width, BlockSums& blocks,
     std::size_t offset = 0);
+
+/// The value that is farther from the mean, for `count` blocks.
+void FindExtremes(const BlockSums& blocks, std::size_t count, std::uint8_t* extremes);
 
 /// Joins blocks 2i and 2i + 1 of a row into one; an odd last one stays alone.
 class ColumnHalver {
 public:
     /// Halves the first `count` blocks `times` times in place; gives how many are left.
-    std::size_t Halve(BlockRow& blocks, std::size_t count, int times);
+    std::size_t Halve(BlockSums& blocks, std::size_t count, int times);
 
 private:
-    BlockRow m_half;
+    BlockSums m_half;
 };
 
 /// Reorders a row of red, green, blue, red ... into all red, all green, all blue. `scratch` may be

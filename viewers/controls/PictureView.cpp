@@ -1,5 +1,7 @@
 #include "viewers/controls/PictureView.h"
 
+#include "platform/Text.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -242,6 +244,11 @@ std::int64_t PictureView::PixelAt(const PictureAxis& axis, std::int64_t at) cons
     if (zoom >= 1.0)
         return axis.First(zoom) + Divide(at, zoom);
     return static_cast<std::int64_t>(std::floor(static_cast<double>(FirstDrawn(axis) + at) / zoom));
+}
+
+std::string ZoomText(double zoom)
+{
+    return zoom >= 1.0 ? Format("Zoom %.0f:1", zoom) : Format("Zoom 1:%.4g", 1.0 / zoom);
 }
 
 } // namespace vireo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace vireo {
 
@@ -110,5 +111,8 @@ struct PlacedPicture {
     std::int64_t left = 0;
     std::int64_t top = 0;
 };
+
+/// "Zoom 3:1", "Zoom 1:1", "Zoom 1:12.5".
+std::string ZoomText(double zoom);
 
 } // namespace vireo

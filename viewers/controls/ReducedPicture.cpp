@@ -79,38 +79,51 @@ void DrawSampled(const ReducedSource& source, const PictureView& view, const Pix
 
 namespace {
 
-/// Mean, lowest and highest value of a window of columns in one word, to be fetched at once.
-using WindowWord = std::uint32_t;
-
-/// Joins `Count` columns from each of the first `width` ones on.
+/// About the mean of `Count` values side by side; of three, the middle one counts twice. It stays
+/// within bytes, which is much faster than sums.
 template <unsigned Count>
-void JoinColumns(const std::uint8_t* __restrict means, const std::uint8_t* __restrict lows,
-    const std::uint8_t* __restrict highs, std::size_t width, WindowWord* __restrict joined)
+std::uint8_t MeanOf(const std::uint8_t* values)
+{
+    if constexpr (Count == 1)
+        return values[0];
+    else if constexpr (Count == 2)
+        return MiddleByte(values[0], values[1]);
+    else if constexpr (Count == 3)
+        return MiddleByte(MiddleByte(values[0], values[2]), values[1]);
+    else
+        return MiddleByte(MiddleByte(values[0], values[1]), MiddleByte(values[2], values[3]));
+}
+
+template <unsigned Count>
+void JoinMeans(const std::uint8_t* __restrict in, std::size_t width, std::uint8_t* __restrict out)
+{
+    for (std::size_t x = 0; x < width; ++x)
+        out[x] = MeanOf<Count>(in + x);
+}
+
+template <unsigned Count, typename Choose>
+void JoinExtremes(const std::uint8_t* __restrict in, std::size_t width, const Choose& choose,
+    std::uint8_t* __restrict out)
 {
     for (std::size_t x = 0; x < width; ++x) {
-        auto sum = static_cast<std::uint16_t>(Count / 2);
-        std::uint8_t low = lows[x];
-        std::uint8_t high = highs[x];
-        for (unsigned i = 0; i < Count; ++i) {
-            sum = static_cast<std::uint16_t>(sum + means[x + i]);
-            low = lows[x + i] < low ? lows[x + i] : low;
-            high = high < highs[x + i] ? highs[x + i] : high;
-        }
-        const auto mean = static_cast<std::uint8_t>(sum / Count);
-        joined[x] = WindowWord{mean} | WindowWord{low} << 8 | WindowWord{high} << 16;
+        std::uint8_t value = in[x];
+        for (unsigned i = 1; i < Count; ++i)
+            value = choose(value, in[x + i]);
+        out[x] = value;
     }
 }
 
+/// Joins `Count` columns from each of the first `width` ones on.
 template <unsigned Count>
-void JoinColumns(const BlockRow& columns, std::size_t width, WindowWord* joined)
+void JoinColumns(const BlockSums& columns, std::size_t width, BlockSums& joined)
 {
-    if (width >= Count)
-        JoinColumns<Count>(columns.mean.data(), columns.lowest.data(), columns.highest.data(),
-            width - Count + 1, joined);
+    JoinMeans<Count>(columns.mean.data(), width, joined.mean.data());
+    JoinExtremes<Count>(columns.lowest.data(), width, LowerByte, joined.lowest.data());
+    JoinExtremes<Count>(columns.highest.data(), width, HigherByte, joined.highest.data());
 }
 
-/// Joins `count` columns, 1 to 5, from each one on.
-void JoinColumns(std::size_t count, const BlockRow& columns, std::size_t width, WindowWord* joined)
+/// `columns` has `width` entries, and as many behind them as a window is wide.
+void JoinColumns(std::size_t count, const BlockSums& columns, std::size_t width, BlockSums& joined)
 {
     switch (count) {
     case 1:
@@ -126,14 +139,23 @@ void JoinColumns(std::size_t count, const BlockRow& columns, std::size_t width, 
     }
 }
 
-void SplitWords(const WindowWord* __restrict words, std::size_t count,
-    std::uint8_t* __restrict mean, std::uint8_t* __restrict lowest,
-    std::uint8_t* __restrict highest)
+/// Mean and extreme of a window of columns in one word, to be fetched at once: the fewer places
+/// windows are picked from, the faster it is.
+using WindowPair = std::uint16_t;
+
+void PackPairs(const std::uint8_t* __restrict means, const std::uint8_t* __restrict extremes,
+    std::size_t count, WindowPair* __restrict pairs)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        pairs[i] = static_cast<WindowPair>(means[i] | extremes[i] << 8);
+}
+
+void SplitPairs(const WindowPair* __restrict pairs, std::size_t count,
+    std::uint8_t* __restrict means, std::uint8_t* __restrict extremes)
 {
     for (std::size_t i = 0; i < count; ++i) {
-        mean[i] = static_cast<std::uint8_t>(words[i]);
-        lowest[i] = static_cast<std::uint8_t>(words[i] >> 8);
-        highest[i] = static_cast<std::uint8_t>(words[i] >> 16);
+        means[i] = static_cast<std::uint8_t>(pairs[i]);
+        extremes[i] = static_cast<std::uint8_t>(pairs[i] >> 8);
     }
 }
 
@@ -152,9 +174,11 @@ public:
           m_left(m_x.Edge(m_firstBox)),
           m_columns(static_cast<std::size_t>(
               m_x.Edge(m_firstBox + static_cast<std::int64_t>(m_boxes)) - m_left)),
-          m_sums(m_columns),
+          m_sums(m_columns + kMostRows),
+          m_joined(m_columns),
+          m_extremes(m_columns),
           m_windows(2 * m_columns),
-          m_words(m_boxes),
+          m_picked(m_boxes),
           m_values(m_boxes * Channels())
     {
         PlaceWindows();
@@ -234,16 +258,24 @@ private:
         const std::size_t channelStep = FindRows(first, count, rows);
         for (std::size_t channel = 0; channel < Channels(); ++channel) {
             SumUpRows(std::span(rows).first(count), m_columns, m_sums);
-            JoinColumns(m_window, m_sums, m_columns, m_windows.data());
-            JoinColumns(m_window + 1, m_sums, m_columns, m_windows.data() + m_columns);
-            for (std::size_t box = 0; box < m_boxes; ++box)
-                m_words[box] = m_windows[m_starts[box]];
+            MakeWindows(m_window, 0);
+            MakeWindows(m_window + 1, m_columns);
             const std::size_t offset = channel * m_boxes;
-            SplitWords(m_words.data(), m_boxes, blocks.mean.data() + offset,
-                blocks.lowest.data() + offset, blocks.highest.data() + offset);
+            for (std::size_t box = 0; box < m_boxes; ++box)
+                m_picked[box] = m_windows[m_starts[box]];
+            SplitPairs(m_picked.data(), m_boxes, blocks.mean.data() + offset,
+                blocks.extreme.data() + offset);
             for (const std::uint8_t*& row : rows)
                 row += channelStep;
         }
+    }
+
+    /// All windows of `count` columns, from place `offset` on.
+    void MakeWindows(std::size_t count, std::size_t offset)
+    {
+        JoinColumns(count, m_sums, m_columns, m_joined);
+        FindExtremes(m_joined, m_columns, m_extremes.data());
+        PackPairs(m_joined.mean.data(), m_extremes.data(), m_columns, m_windows.data() + offset);
     }
 
     void DrawRow(
@@ -268,9 +300,11 @@ private:
     std::size_t m_columns; ///< Source columns.
     std::size_t m_window = 1;
     std::vector<std::uint32_t> m_starts; ///< Of each box in m_windows.
-    BlockRow m_sums;
-    std::vector<WindowWord> m_windows;
-    std::vector<WindowWord> m_words;
+    BlockSums m_sums;
+    BlockSums m_joined;
+    std::vector<std::uint8_t> m_extremes;
+    std::vector<WindowPair> m_windows;
+    std::vector<WindowPair> m_picked;
     std::vector<std::uint8_t> m_pixels;
     std::vector<std::uint8_t> m_scratch;
     std::vector<std::uint8_t> m_values;

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/json/FileResult.h"
+
+namespace vireo {
+
+struct AnalyseSettings;
+struct Subject;
+
+/// The record of a stitch test file, and a digest of its picture.
+FileResult AnalyseStitch(const Subject& subject, const AnalyseSettings& settings);
+
+} // namespace vireo

@@ -1,0 +1,138 @@
+#include "imagefile/TifConversion.h"
+
+#include "imagefile/CFileIccProfileReader.h"
+#include "imagefile/CLittleEndianFilter.h"
+#include "imagefile/CTIFWriter.h"
+#include "platform/Path.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <system_error>
+#include <utility>
+
+namespace vireo {
+
+namespace {
+
+/// The name of a file that is not there yet, and that is removed in the end.
+class PassingFile {
+public:
+    PassingFile()
+    {
+        std::error_code error;
+        const auto folder = std::filesystem::temp_directory_path(error);
+        std::random_device random;
+        m_path = folder / Format(".vireo-%08x%08x.icc", random(), random());
+    }
+    PassingFile(const PassingFile&) = delete;
+    PassingFile& operator=(const PassingFile&) = delete;
+    ~PassingFile()
+    {
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
+    }
+    const std::filesystem::path& Path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// Passes rows on to the writer, which it tells first what the page says.
+class Passage : public CLittleEndianFilter {
+public:
+    Passage(const TifConversion& conversion, const CTIFReader& reader, CTIFWriter& writer,
+        std::filesystem::path ownProfile)
+        : CLittleEndianFilter(reader, writer),
+          m_conversion(conversion),
+          m_settings(writer.Settings()),
+          m_ownProfile(std::move(ownProfile))
+    {
+    }
+
+    ImageResult BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,
+        std::uint32_t resolution, std::uint32_t reserved1, std::uint32_t reserved2) override
+    {
+        ChooseForm(depth);
+        ChooseProfile();
+        m_settings.whiteIsZero = Reader().Photometric() == TifPage::kWhiteIsZero;
+        m_settings.description = Reader().Description();
+        if (Reader().ColorMapEntries() != 0) {
+            m_settings.colorMap.emplace();
+            std::ranges::copy(Reader().ColorMap(), m_settings.colorMap->begin());
+        }
+        return CLittleEndianFilter::BeginImage(
+            depth, width, height, resolution, reserved1, reserved2);
+    }
+
+private:
+    void ChooseForm(ColorDepth depth)
+    {
+        m_settings.compression = m_conversion.compression.value_or(Reader().Compression());
+        // What a page may say and a writer does not is not carried over.
+        const bool keepsPredictor = !m_conversion.compression
+            && m_settings.compression == TifCompression::kLzw && depth != ColorDepth::Palette8;
+        m_settings.predictor =
+            m_conversion.predictor.value_or(keepsPredictor ? Reader().Predictor() : 1);
+    }
+
+    void ChooseProfile()
+    {
+        std::error_code ignored;
+        if (!m_conversion.profile.empty())
+            m_profile.emplace(m_conversion.profile);
+        else if (std::filesystem::exists(m_ownProfile, ignored))
+            m_profile.emplace(m_ownProfile);
+        m_settings.profile = m_profile ? &*m_profile : nullptr;
+        m_settings.requiresProfile = !m_conversion.profile.empty();
+    }
+
+    const TifConversion& m_conversion;
+    TifSettings& m_settings;
+    const std::filesystem::path m_ownProfile;
+    std::optional<CFileIccProfileReader> m_profile;
+};
+
+std::string DescribeWriter(const TifConversion& conversion, const CTIFWriter& writer)
+{
+    const std::string text = writer.DescribeFailure();
+    switch (writer.Result()) {
+    case ImageResult::CantOpenTif:
+    case ImageResult::CantWriteTif:
+        return Utf8FromPath(conversion.output) + ": " + text;
+    case ImageResult::CantOpenIcc:
+        return Utf8FromPath(conversion.profile) + ": " + text;
+    default:
+        return text;
+    }
+}
+
+} // namespace
+
+std::string ConvertTif(const TifConversion& conversion)
+{
+    std::error_code error;
+    if (std::filesystem::equivalent(conversion.input, conversion.output, error) && !error)
+        return "The output would replace the file itself";
+    const PassingFile profile;
+    CTIFReader reader;
+    CTIFWriter writer(conversion.output, {});
+    Passage passage(conversion, reader, writer, profile.Path());
+    reader.SetFile(conversion.input);
+    reader.SetPage(conversion.page);
+    reader.SetReceiver(passage);
+    std::uint32_t rows = 0;
+    const bool keepsProfile = conversion.profile.empty();
+    ImageResult result = reader.Open(rows, keepsProfile ? profile.Path() : std::filesystem::path());
+    std::uint32_t row = 0;
+    for (; row < rows && result == ImageResult::Ok; ++row)
+        result = reader.ReadLine();
+    if (result != ImageResult::Ok && writer.Result() == ImageResult::Ok)
+        return std::string(Describe(result)) + (row > 0 ? Format(" in row %u", row) : "");
+    if (result == ImageResult::Ok)
+        result = reader.Close(0);
+    return result == ImageResult::Ok ? "" : DescribeWriter(conversion, writer);
+}
+
+} // namespace vireo
