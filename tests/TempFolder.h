@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Path.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -37,9 +39,10 @@ public:
     const std::filesystem::path& Path() const { return m_path; }
 
     /// Writes a file of these bytes and returns its path.
+    /// `name` is UTF-8.
     std::filesystem::path Write(const std::string& name, std::string_view bytes) const
     {
-        const std::filesystem::path file = m_path / name;
+        const std::filesystem::path file = m_path / PathFromUtf8(name);
         std::ofstream(file, std::ios::binary)
             .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return file;

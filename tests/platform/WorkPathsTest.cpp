@@ -1,3 +1,4 @@
+#include "platform/Path.h"
 #include "platform/WorkPaths.h"
 #include "tests/TempFolder.h"
 
@@ -104,8 +105,8 @@ TEST_F(WorkPathsTest, TheWorkPathIsTakenAsItStands)
 TEST_F(WorkPathsTest, TheWorkPathIsRecordedBesideTheFixedPath)
 {
     const auto dumps = folder.Path()
-        / "Gr\xC3\xB6\xC3\x9F"
-          "e";
+        / PathFromUtf8("Gr\xC3\xB6\xC3\x9F"
+                       "e");
     RecordWorkPath(folders, dumps);
     EXPECT_EQ(LocateSettingsFile(folders, "Kestrel6_Path.txt"), std::nullopt)
         << "without a settings file there is no place for it";

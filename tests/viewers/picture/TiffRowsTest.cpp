@@ -120,6 +120,9 @@ protected:
     /// Loads a picture and reads it with the reader as well; false when it cannot be opened.
     bool Load(const std::string& bytes)
     {
+        // While it is open, nobody may write a TIFF file on Windows.
+        data.reset();
+        expected.reset();
         const std::filesystem::path file = folder.Write("picture.tif", bytes);
         data = std::make_unique<PictureData>();
         expected = std::make_unique<ReaderRows>(file);
