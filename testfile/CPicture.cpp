@@ -25,8 +25,10 @@ CPicture& CPicture::operator=(const CPicture& other)
 
 CPicture::Buffer CPicture::MakeBuffer(std::int64_t length)
 {
+    // No machine has as much memory as this, and some allocators end the program when they are asked.
+    constexpr std::int64_t kMostBytes = std::int64_t{1} << 40;
     const auto bytes = static_cast<std::uint64_t>(length);
-    if (bytes > std::numeric_limits<std::size_t>::max())
+    if (length >= kMostBytes || bytes > std::numeric_limits<std::size_t>::max())
         return nullptr;
     return Buffer(static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(bytes), 1)));
 }
