@@ -10,6 +10,7 @@
 #include "viewers/controls/QtText.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QPixmap>
@@ -28,7 +29,10 @@ struct Shot {
     const char* viewer; ///< Class of the dialog.
     const char* sample;
     QSize size;
-    std::vector<const char*> clicks; ///< Object names of buttons, in order.
+    std::vector<const char*> clicks;     ///< Object names of buttons, in order.
+    std::vector<const char*> commands{}; ///< Texts of menu commands, before the clicks.
+    int downKeys = 0;                    ///< The arrow key, on the widget "plot", before all else.
+    QPointF pointer{};                   ///< Where it rests, as shares of the widget "plot".
 };
 
 const Shot kShots[] = {
@@ -53,10 +57,18 @@ const Shot kShots[] = {
         {"dynamicRangeButton"}},
     {"tonal-report", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600},
         {"reportCheck"}},
-    {"startest", "CStarTest_Dialog", "startest-sweeps.con", {1240, 600}, {}},
-    {"startest-average", "CStarTest_Dialog", "startest-repeats.con", {1240, 600}, {}},
     {"stitch", "CView_Stitch_Dialog", "stitch-gray.con", {960, 640}, {}},
     {"stitch-whole", "CView_Stitch_Dialog", "stitch-run-length.con", {760, 360}, {"fitButton"}},
+    {"startest", "CStarTest_Dialog", "startest-sweeps.con", {1240, 600}, {}, {}, 1, {0.36, 0.4}},
+    {"startest-vibration", "CStarTest_Dialog", "startest-sweeps.con", {1240, 500},
+        {"automaticCheck"}, {"Vibration"}, 2},
+    {"startest-wide-line", "CStarTest_Dialog", "startest-sweeps.con", {1240, 500},
+        {"automaticCheck"}, {"Wide Line"}, 2},
+    {"startest-speed", "CStarTest_Dialog", "startest-sweeps.con", {1240, 500}, {"automaticCheck"},
+        {"Scan Speed"}, 2},
+    {"startest-widths", "CStarTest_Dialog", "startest-sweeps.con", {1240, 500}, {"automaticCheck"},
+        {"Line Widths"}, 2},
+    {"startest-average", "CStarTest_Dialog", "startest-repeats.con", {1240, 500}, {}},
 };
 
 /// The top window that is open now: a modal dialog.
@@ -76,6 +88,31 @@ bool Click(QWidget& dialog, const char* buttonName)
     return true;
 }
 
+bool RunCommand(QWidget& dialog, const char* text)
+{
+    for (QAction* const action : dialog.findChildren<QAction*>()) {
+        if (action->text() == QLatin1String(text)) {
+            action->trigger();
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Turns to another record of a plot, and rests the pointer over it.
+bool ArrangePlot(QWidget& dialog, const Shot& shot)
+{
+    auto* const plot = dialog.findChild<QWidget*>(QStringLiteral("plot"));
+    if (!plot)
+        return shot.downKeys == 0 && shot.pointer.isNull();
+    for (int i = 0; i < shot.downKeys; ++i)
+        QTest::keyClick(plot, Qt::Key_Down);
+    if (!shot.pointer.isNull())
+        QTest::mouseMove(plot,
+            QPointF(shot.pointer.x() * plot->width(), shot.pointer.y() * plot->height()).toPoint());
+    return true;
+}
+
 /// Arranges the open dialog and saves its picture. Returns whether all went as planned.
 bool Photograph(const Shot& shot, const QString& target)
 {
@@ -84,7 +121,9 @@ bool Photograph(const Shot& shot, const QString& target)
         return false;
     dialog->resize(shot.size);
     QTest::qWait(150);
-    bool good = true;
+    bool good = ArrangePlot(*dialog, shot);
+    for (const char* const command : shot.commands)
+        good = RunCommand(*dialog, command) && good;
     for (const char* const button : shot.clicks)
         good = Click(*dialog, button) && good;
     QTest::qWait(150);

@@ -202,9 +202,14 @@ void DrawColumnsAsFills(QPainter& painter, const ProfileScale& scale, const Trac
     double x = toDevice.map(QPointF(scale.XAt(curve.firstPixel), 0.0)).x();
     for (const auto& range : curve.columns) {
         const auto column = static_cast<int>(std::lround(x));
-        if (!range.IsEmpty() && style.Covers(column, toDevice.m11()))
-            columns.push_back({column, yAt(range.highest), yAt(range.lowest) + thickness});
         x += step;
+        if (range.IsEmpty())
+            continue;
+        const ColumnFill fill{column, yAt(range.highest), yAt(range.lowest) + thickness};
+        // A dashed curve has gaps where it runs level; a spike is never lost in one.
+        constexpr int kSpike = 3;
+        if (style.Covers(column, toDevice.m11()) || fill.end - fill.top > kSpike * thickness)
+            columns.push_back(fill);
     }
     const Fills fills = FillsOf(columns);
     painter.save();

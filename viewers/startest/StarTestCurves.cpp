@@ -102,19 +102,19 @@ std::vector<StarTestCurve> CurvesOf(const StarTestSweep& sweep, bool yCurves)
 {
     if (sweep.m_bAvgResult)
         return {
-            {Field::XVibrationAverage, "X-vib-avg", 0x646464, true, false, false},
-            {Field::ScanSpeed, "Std Dev", 0x0000FF, true, false, false},
+            {Field::XVibrationAverage, "X-vib-avg", 0x646464, true, false},
+            {Field::ScanSpeed, "Std Dev", 0x0000FF, true, false},
         };
     return {
-        {Field::XVibration, "X-vib", 0xFF0000, true, false, true},
-        {Field::XVibrationAverage, "X-vib-avg", 0x646464, true, false, false},
-        {Field::YVibration, "Y-vib", 0x00FF00, yCurves, false, false},
-        {Field::YVibrationAverage, "Y-vib-avg", 0x000000, yCurves, false, false},
-        {Field::WideLine, "Wide Line", 0xFF00FF, false, true, false},
-        {Field::WideLineUnsmoothed, "Wide L.Org", 0xFF7FFF, false, true, false},
-        {Field::ScanSpeed, "Scan Speed", 0x0000FF, false, false, false},
-        {Field::XLineWidth, "X Line Width", 0xFF7F00, false, false, false},
-        {Field::YLineWidth, "Y Line Width", 0xFF7F7F, false, false, false},
+        {Field::XVibration, "X-vib", 0xFF0000, true, false},
+        {Field::XVibrationAverage, "X-vib-avg", 0x646464, true, false},
+        {Field::YVibration, "Y-vib", 0x00FF00, yCurves, false},
+        {Field::YVibrationAverage, "Y-vib-avg", 0x000000, yCurves, false},
+        {Field::WideLine, "Wide Line", 0xFF00FF, false, true},
+        {Field::WideLineUnsmoothed, "Wide L.Org", 0xFF7FFF, false, true},
+        {Field::ScanSpeed, kScanSpeedName, 0x0000FF, false, false},
+        {Field::XLineWidth, "X Line Width", 0xFF7F00, false, false},
+        {Field::YLineWidth, "Y Line Width", 0xFF7F7F, false, false},
     };
 }
 
@@ -122,10 +122,10 @@ namespace {
 
 constexpr std::string_view kVibration[] = {"X-vib", "X-vib-avg", "Y-vib", "Y-vib-avg", "Std Dev"};
 constexpr std::string_view kWideLine[] = {"Wide Line", "Wide L.Org"};
-constexpr std::string_view kScanSpeed[] = {"Scan Speed"};
+constexpr std::string_view kScanSpeed[] = {kScanSpeedName};
 constexpr std::string_view kLineWidths[] = {"X Line Width", "Y Line Width"};
 constexpr std::string_view kAllCurves[] = {"X-vib", "X-vib-avg", "Y-vib", "Y-vib-avg", "Wide Line",
-    "Wide L.Org", "Scan Speed", "Std Dev", "X Line Width", "Y Line Width"};
+    "Wide L.Org", kScanSpeedName, "Std Dev", "X Line Width", "Y Line Width"};
 
 constexpr StarTestView kViews[] = {
     {"Vibration", kVibration},

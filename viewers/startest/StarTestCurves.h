@@ -40,6 +40,9 @@ struct CurveFigures {
 };
 CurveFigures FiguresOf(std::span<const float> values);
 
+/// The name of the one curve that is not in pixels.
+inline constexpr std::string_view kScanSpeedName = "Scan Speed";
+
 /// A curve as the plot shows it.
 struct StarTestCurve {
     StarTestField field;
@@ -47,7 +50,6 @@ struct StarTestCurve {
     std::uint32_t colour; ///< 0x00BBGGRR.
     bool isVisible;       ///< At first.
     bool isDashed;
-    bool setsScale; ///< The plot goes from -5 to +5 pixels for it.
 };
 
 /// The curves that the plot of a sweep has, in the order of its slots: of an average record only

@@ -1,14 +1,11 @@
 #include "viewers/startest/StarTestPlot.h"
 
-#include "platform/Text.h"
 #include "viewers/controls/CSymbolTestControl.h"
 #include "viewers/controls/Colours.h"
 #include "viewers/controls/Fonts.h"
-#include "viewers/controls/PlotCursor.h"
 #include "viewers/controls/PlotFurniture.h"
 #include "viewers/controls/PrintPageLayout.h"
 #include "viewers/controls/Symbols.h"
-#include "viewers/startest/StarTestCurves.h"
 #include "viewers/startest/StarTestData.h"
 #include "viewers/startest/StarTestText.h"
 
@@ -16,8 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <span>
 
 namespace vireo {
 
@@ -32,9 +27,6 @@ constexpr double kListRowHeight = 15.0;
 constexpr double kListSymbolSize = 3.0;
 constexpr double kResultSymbolSize = 6.0;
 constexpr double kScaleTick = 5.0;
-constexpr int kScaleParts = 4;
-/// Below so many lines in view the line numbers are the better scale.
-constexpr double kFewestLinesOfScale = 100.0;
 
 void DrawResult(QPainter& painter, bool isPassed, QPointF centre, double size)
 {
@@ -61,11 +53,6 @@ bool RestartsEverywhere(const StarTestData& data)
     });
 }
 
-bool HasCentimetreScale(const ProfileView& view)
-{
-    return view.length > kFewestLinesOfScale;
-}
-
 /// One drawing of what stands about the curves.
 class StarTestDrawing {
 public:
@@ -87,7 +74,7 @@ public:
         DrawMarkers();
         DrawSweepList();
         DrawApplicationFactor();
-        if (HasCentimetreScale(m_content.plot.view))
+        if (m_content.plot.gridParts > 0)
             DrawCentimetreScale();
         DrawResultSymbols();
         m_painter.restore();
@@ -139,8 +126,8 @@ private:
         const double baseline =
             m_area.bottom() + PlotFurniture::kTickLength + PlotFurniture::kRowHeight - 4.0;
         for (std::size_t k = 0; k < labels.size(); ++k) {
-            const double x =
-                std::round(m_area.left() + m_area.width() * static_cast<double>(k) / kScaleParts);
+            const double x = std::round(
+                m_area.left() + m_area.width() * static_cast<double>(k) / m_content.plot.gridParts);
             m_furniture.DrawLine(
                 x, m_area.bottom(), x, m_area.bottom() + kScaleTick, PlotColour::kFrame);
             m_furniture.DrawText(x, baseline, labels[k], Align::Centre, PlotColour::kInk);
@@ -180,67 +167,7 @@ double ListRight(const StarTestData& data)
     return kListLeft + width;
 }
 
-/// The lines over which a curve is drawn: where it was worked out. Outside the array has zeros, or
-/// widths that are not about their mean.
-LineRange DrawnLines(const StarTestSweep& sweep, StarTestField field)
-{
-    // The array of the speed holds the deviation of an average record.
-    if (sweep.m_bAvgResult)
-        field = StarTestField::XVibrationAverage;
-    LineRange lines = EvaluationRange(sweep, field);
-    // The average of X ends a line before its range does.
-    if (field == StarTestField::XVibrationAverage && lines.end > lines.begin)
-        --lines.end;
-    return lines;
-}
-
-std::vector<double> DrawnValues(const StarTestSweep& sweep, StarTestField field)
-{
-    const std::span<const float> values = ValuesOf(sweep, field);
-    const LineRange lines = DrawnLines(sweep, field);
-    std::vector<double> drawn(values.size(), std::numeric_limits<double>::quiet_NaN());
-    for (std::size_t i = lines.begin; i < lines.end; ++i)
-        drawn[i] = values[i];
-    return drawn;
-}
-
 } // namespace
-
-void FillCurves(const StarTestData& data, CurveSlots& curves)
-{
-    curves.Clear();
-    const StarTestSweep* const sweep = data.SelectedSweep();
-    if (!sweep)
-        return;
-    std::size_t slot = 0;
-    for (const StarTestCurve& curve : CurvesOf(*sweep, data.m_bYCurves)) {
-        curves.SetCurve(
-            slot, std::string(curve.name), curve.colour, DrawnValues(*sweep, curve.field));
-        curves.At(slot).isVisible = curve.isVisible;
-        curves.At(slot).isDashed = curve.isDashed;
-        ++slot;
-    }
-}
-
-std::vector<std::int32_t> MarkersOf(const StarTestData& data)
-{
-    std::vector<std::int32_t> markers;
-    if (const StarTestSweep* const sweep = data.SelectedSweep())
-        for (const StarTestPoint& point : sweep->m_Points)
-            if (point.m_bNotPassed)
-                markers.push_back(point.m_iValue);
-    return markers;
-}
-
-void DescribePlot(const StarTestData& data, CurvePlotContent& plot)
-{
-    plot.title = SweepTitle(data);
-    plot.valueUnit = "px";
-    plot.pointName = "line";
-    const bool hasScale = HasCentimetreScale(plot.view);
-    plot.pointAxisRow = hasScale ? 1 : 0;
-    plot.gridParts = hasScale ? kScaleParts : 0;
-}
 
 void DrawStarTestPlot(QPainter& painter, QSizeF size, const StarTestPlotContent& content)
 {

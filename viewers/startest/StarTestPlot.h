@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewers/controls/CurvePlot.h"
+#include "viewers/startest/StarTestPlotContent.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -15,21 +15,6 @@ class QPainter;
 namespace vireo {
 
 class StarTestData;
-
-/// Everything that a star-test plot shows: the selected sweep's curves, and what stands about them.
-/// Data and curves are not owned; without data an empty plot is drawn.
-struct StarTestPlotContent {
-    const StarTestData* data = nullptr;
-    CurvePlotContent plot;
-    std::vector<std::int32_t> markers; ///< Lines of points that have not passed.
-};
-
-/// The curve slots of the selected sweep, to be summarised; and the marks of its points. A curve
-/// has gaps outside of the lines that it was worked out for.
-void FillCurves(const StarTestData& data, CurveSlots& curves);
-std::vector<std::int32_t> MarkersOf(const StarTestData& data);
-/// The texts of the plot that depend on the selected sweep and on the stretch in view.
-void DescribePlot(const StarTestData& data, CurvePlotContent& plot);
 
 /// Draws the plot of a size, in logical units, from the painter's origin onto a white ground: the
 /// curves with their axes, the list of the sweeps, the application factor, the centimetre scale and
