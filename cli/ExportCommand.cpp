@@ -8,6 +8,7 @@
 #include "viewers/noise/NoiseExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeExport.h"
+#include "viewers/picture/PictureExport.h"
 #include "viewers/startest/StarTestData.h"
 #include "viewers/startest/StarTestExport.h"
 #include "viewers/stitch/StitchData.h"
@@ -74,6 +75,12 @@ std::string ExportStitch(const Subject& subject, const Settings& settings)
     return DescribeOutput(settings.output, ExportStitchAsCsv(settings.output, data, settings.line));
 }
 
+std::string ExportTiff(const Subject& subject, const Settings& settings)
+{
+    WorkProgress progress;
+    return ExportPictureRow({subject.path, 1, settings.line, settings.output}, progress);
+}
+
 constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, ExportOscilloscope},
     {FileKind::Mtf, ExportOscilloscope},
@@ -81,6 +88,7 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::TonalResolution, ExportTonal},
     {FileKind::StarTest, ExportStarTest},
     {FileKind::Stitch, ExportStitch},
+    {FileKind::Tiff, ExportTiff},
 };
 
 int Run(const Settings& settings)

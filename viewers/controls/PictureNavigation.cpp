@@ -119,17 +119,16 @@ void PictureNavigation::TellPointer()
 
 void PictureNavigation::ZoomTo(QPointF point, double zoom)
 {
-    const PlacedPicture before = Placed();
     const QPoint at = ViewPoint(point);
+    const PlacedPicture before = Placed();
     const PictureView zoomed = m_view.ZoomedAt(at.x(), at.y(), zoom);
     if (m_smaller == Smaller::AtStart)
         return SetView(zoomed);
     // The pixel stays under the point even when the picture has come to lie in the middle.
     const PlacedPicture after = zoomed.Placed();
-    const auto pixels = [zoom](std::int64_t viewPixels) {
-        return std::llround(static_cast<double>(viewPixels) / zoom);
-    };
-    SetView(zoomed.MovedBy(pixels(after.left - before.left), pixels(after.top - before.top)));
+    SetView(
+        zoomed.MovedBy(m_view.PixelAtX(at.x()) - zoomed.PixelAtX(at.x() + before.left - after.left),
+            m_view.PixelAtY(at.y()) - zoomed.PixelAtY(at.y() + before.top - after.top)));
 }
 
 // Scroll bars.

@@ -1,18 +1,24 @@
 #include "viewers/picture/CPictureView_Dialog.h"
 
 #include "platform/Message.h"
+#include "platform/Text.h"
 #include "resources/ControlIds.h"
 #include "ui_CPictureView_Dialog.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
+#include "viewers/controls/CWait_Dialog.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/picture/PictureData.h"
+#include "viewers/picture/PictureExport.h"
 #include "viewers/picture/PictureText.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QPixmap>
 #include <QSignalBlocker>
+
+#include <algorithm>
+#include <utility>
 
 namespace vireo {
 
@@ -112,6 +118,7 @@ void CPictureView_Dialog::SetUpMenus()
     AddToFileMenu(make(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
     AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(make(tr("&Export Row..."), tr("Ctrl+E"), this, &Dialog::OnExportRow));
     if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
         header->setText(tr("Picture &Information"));
         AddToFileMenu(header);
@@ -136,7 +143,8 @@ void CPictureView_Dialog::OnAcceleratorCommand(int command)
 
 // Files.
 
-void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint32_t page)
+/// The path by value: the one at hand goes away with its picture.
+void CPictureView_Dialog::ReadFile(std::filesystem::path path, std::uint32_t page)
 {
     m_loadingTimer.stop();
     m_ui->plot->SetPicture(nullptr);
@@ -292,6 +300,30 @@ void CPictureView_Dialog::OnPrintPreview()
 {
     m_ui->plot->SetHeaderLines(PictureHeaderLines(Picture()));
     m_ui->plot->PrintPreview();
+}
+
+/// The row in the middle of the view is the one that is exported.
+void CPictureView_Dialog::OnExportRow()
+{
+    if (Picture().Holding() == PictureHolding::Nowhere)
+        return;
+    std::filesystem::path proposed = Picture().Path();
+    proposed.replace_extension(".csv");
+    const std::filesystem::path target = AskForFileToSave(
+        this, {tr("Export Row"), tr("Table (*.csv)"), QStringLiteral("csv")}, proposed);
+    if (target.empty())
+        return;
+    const std::int64_t row =
+        std::clamp<std::int64_t>(m_ui->plot->View().y.centre, 0, Picture().Page().height - 1);
+    std::string failure;
+    CWait_Dialog wait(tr("Export Row"), tr("Please wait while exporting"),
+        CWait_Dialog::Cancelling::Offered, this);
+    wait.Run([&](WorkProgress& progress) {
+        failure =
+            ExportPictureRow({Picture().Path(), Picture().PageNumber(), row, target}, progress);
+    });
+    if (!failure.empty())
+        ShowMessage(Windows1252FromUtf8(failure));
 }
 
 void CPictureView_Dialog::OnCancel()

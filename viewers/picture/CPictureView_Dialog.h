@@ -47,7 +47,7 @@ private:
     void SetUpMenus();
 
     // Files.
-    void ReadFile(const std::filesystem::path& path, std::uint32_t page);
+    void ReadFile(std::filesystem::path path, std::uint32_t page);
     void FollowLoading();
     void OnLoaded();
     void Tell(ImageResult result);
@@ -67,6 +67,7 @@ private:
     void OnSave();
     void OnPrint();
     void OnPrintPreview();
+    void OnExportRow();
     void OnCancel();
     void OnPage(int page);
     void OnNextPage();

@@ -7,13 +7,18 @@
 
 #include <algorithm>
 #include <array>
-#include <cinttypes>
 
 namespace vireo {
 
 namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
+
+/// As printf's formats take it on every system.
+long long Long(std::int64_t value)
+{
+    return value;
+}
 
 /// What a photometric interpretation is called; empty where it says nothing that is not seen.
 std::string_view PhotometricText(const TifPage& page)
@@ -115,12 +120,12 @@ std::string CompressionText(const TifPage& page)
 
 std::string ResolutionText(const TifPage& page)
 {
-    return page.resolution == 0 ? "not given" : Format("%" PRIu32 " dpi", page.resolution);
+    return page.resolution == 0 ? "not given" : Format("%u dpi", page.resolution);
 }
 
 std::string SizeText(const TifPage& page)
 {
-    return Format("%" PRIu32 " x %" PRIu32 " pixels", page.width, page.height);
+    return Format("%u x %u pixels", page.width, page.height);
 }
 
 std::string LengthText(const TifPage& page)
@@ -149,7 +154,7 @@ PixelReading ReadPixel(const PictureData& data, std::int64_t column, std::int64_
         || row >= page.height)
         return {};
     PixelReading reading;
-    reading.position = Format("x %" PRId64 "  y %" PRId64, column, row);
+    reading.position = Format("x %lld  y %lld", Long(column), Long(row));
     if (page.resolution != 0) {
         const double pixel = kMillimetresPerInch / page.resolution;
         reading.position += Format("   %.2f, %.2f mm", static_cast<double>(column) * pixel,
@@ -173,14 +178,14 @@ std::string PageReport(const PictureData& data)
             text.append(name).append(": ").append(value).append("\n");
     };
     add("File size", BytesText(data.FileBytes()));
-    add("Page", Format("%" PRIu32 " of %" PRIu32, data.PageNumber(), data.Pages()));
+    add("Page", Format("%u of %u", data.PageNumber(), data.Pages()));
     add("Size", SizeText(page));
     add("Length", LengthText(page));
     add("Resolution", ResolutionText(page));
     add("Pixels", std::string(DepthText(page)).append(PhotometricText(page)));
     add("Compression", CompressionText(page));
     add("Byte order", page.order == ByteOrder::Little ? "little-endian (II)" : "big-endian (MM)");
-    add("Rows per strip", Format("%" PRIu32, page.RowsPerStrip()));
+    add("Rows per strip", Format("%u", page.RowsPerStrip()));
     if (data.Cameras()) {
         char letter = 'A';
         for (const std::int32_t count : *data.Cameras()) {
@@ -199,8 +204,8 @@ std::string HoldingNote(const PictureData& data)
     if (data.Holding() != PictureHolding::Reduced)
         return {};
     return Format("The picture takes %s, more than half of the memory of this computer. "
-                  "It is shown reduced to 1:%" PRId64 ".",
-        BytesText(data.PixelBytes()).c_str(), data.KeptReduction());
+                  "It is shown reduced to 1:%lld.",
+        BytesText(data.PixelBytes()).c_str(), Long(data.KeptReduction()));
 }
 
 std::string LoadingNote(const PictureData& data, bool isLoading)
@@ -211,7 +216,7 @@ std::string LoadingNote(const PictureData& data, bool isLoading)
     const std::int64_t covered = data.CoveredRows();
     if (covered < data.Page().height) {
         note.append(note.empty() ? "" : "\n");
-        note += Format("Rows %" PRId64 " to %" PRIu32 " %s.", covered, data.Page().height - 1,
+        note += Format("Rows %lld to %u %s.", Long(covered), data.Page().height - 1,
             data.IsLoaded() ? "are not in the file" : "are not loaded");
     }
     return note;
@@ -223,7 +228,7 @@ std::vector<std::string> PictureHeaderLines(const PictureData& data)
     std::vector<std::string> lines{
         "Picture: " + Windows1252FromUtf8(Utf8FromPath(data.Path().filename()))};
     if (data.Pages() > 1)
-        lines.back() += Format(", page %" PRIu32 " of %" PRIu32, data.PageNumber(), data.Pages());
+        lines.back() += Format(", page %u of %u", data.PageNumber(), data.Pages());
     lines.push_back("Size: " + SizeText(page));
     if (const std::string length = LengthText(page); !length.empty())
         lines.back() += ", " + length;

@@ -112,29 +112,37 @@ void TiffPixels::Show(
         Invert(shown, values);
 }
 
+void TiffPixels::TakeSamples(
+    const std::uint8_t* bytes, std::uint64_t first, std::size_t count, std::uint16_t* samples) const
+{
+    const std::size_t values = count * SampleCount();
+    const std::size_t low = m_order == ByteOrder::Little ? 0 : 1;
+    const std::size_t bit = first % kPixelsPerByte;
+    switch (m_depth) {
+    case ColorDepth::Bilevel:
+        for (std::size_t i = 0; i < values; ++i)
+            samples[i] = bytes[(bit + i) / kPixelsPerByte] >> (7 - (bit + i) % kPixelsPerByte) & 1U;
+        break;
+    case ColorDepth::Gray8:
+    case ColorDepth::Rgb8:
+    case ColorDepth::Palette8:
+        std::copy_n(bytes, values, samples);
+        break;
+    case ColorDepth::Gray16:
+    case ColorDepth::Rgb16:
+        for (std::size_t i = 0; i < values; ++i)
+            samples[i] =
+                static_cast<std::uint16_t>(bytes[2 * i + low] | bytes[2 * i + 1 - low] << 8);
+        break;
+    }
+}
+
 PixelSamples TiffPixels::Samples(const std::uint8_t* bytes, std::uint64_t column) const
 {
-    const auto wide = [&](std::size_t sample) {
-        const unsigned low = bytes[2 * sample + (m_order == ByteOrder::Little ? 0 : 1)];
-        const unsigned high = bytes[2 * sample + (m_order == ByteOrder::Little ? 1 : 0)];
-        return static_cast<std::uint16_t>(high << 8 | low);
-    };
-    switch (m_depth) {
-    case ColorDepth::Bilevel: {
-        const unsigned mask = 0x80U >> column % kPixelsPerByte;
-        return {1, {static_cast<std::uint16_t>((bytes[0] & mask) != 0 ? 1 : 0)}};
-    }
-    case ColorDepth::Gray8:
-    case ColorDepth::Palette8:
-        return {1, {bytes[0]}};
-    case ColorDepth::Rgb8:
-        return {3, {bytes[0], bytes[1], bytes[2]}};
-    case ColorDepth::Gray16:
-        return {1, {wide(0)}};
-    case ColorDepth::Rgb16:
-        return {3, {wide(0), wide(1), wide(2)}};
-    }
-    return {};
+    PixelSamples samples;
+    samples.count = static_cast<int>(SampleCount());
+    TakeSamples(bytes, column, 1, samples.values.data());
+    return samples;
 }
 
 } // namespace vireo

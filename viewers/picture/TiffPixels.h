@@ -44,6 +44,12 @@ public:
     void Show(const std::uint8_t* bytes, std::uint64_t first, std::size_t count,
         std::uint8_t* shown) const;
 
+    /// Samples a pixel: 1 or 3.
+    std::size_t SampleCount() const { return Bits() % 3 == 0 ? 3 : 1; }
+    /// Takes the samples of `count` pixels from pixel `first` on, whose bytes begin at `bytes`:
+    /// count x SampleCount() values.
+    void TakeSamples(const std::uint8_t* bytes, std::uint64_t first, std::size_t count,
+        std::uint16_t* samples) const;
     /// The samples of pixel `column`, whose bytes begin at `bytes`.
     PixelSamples Samples(const std::uint8_t* bytes, std::uint64_t column) const;
     /// What is shown for a palette index.

@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 
 namespace vireo {
@@ -54,7 +55,8 @@ protected:
     }
     void Click(const char* name) const
     {
-        QTest::mouseClick(&Find<QAbstractButton>(name), Qt::LeftButton);
+        auto& button = Find<QAbstractButton>(name);
+        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
     }
     std::string Text(const char* label) const { return Find<QLabel>(label).text().toStdString(); }
     CPictureView_Control& Plot() const { return Find<CPictureView_Control>("plot"); }
@@ -131,6 +133,198 @@ TEST_F(CPictureView_DialogTest, SamplesOf16BitsAreTakenInTheFilesOrder)
         PointAt(0, 0);
         EXPECT_EQ(Text("valueText"), "Gray 37428");
     }
+}
+
+/// Gray, as two cameras saw it.
+TiffPageBytes CameraPage()
+{
+    TiffPageBytes page;
+    page.width = 60;
+    page.height = 40;
+    page.pixels = std::string(60 * 40, '\x40');
+    page.description = "TQX\nm_iA=20\nm_iB=40\nm_iC=0\nm_iD=0\nm_iE=0\nm_iF=0\nm_iG=0\nm_iH=0";
+    return page;
+}
+
+TEST_F(CPictureView_DialogTest, TellsWhichCameraSawAPixel)
+{
+    Open(CameraPage());
+    PointAt(19, 30);
+    EXPECT_EQ(Text("cameraText"), "Camera A");
+    EXPECT_EQ(Text("positionText"), "x 19  y 30   1.61, 2.54 mm");
+    PointAt(20, 30);
+    EXPECT_EQ(Text("cameraText"), "Camera B");
+    QTest::mouseMove(dialog.get(), QPoint(990, 690));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&Plot(), &leave);
+    EXPECT_EQ(Text("positionText"), "");
+}
+
+TEST_F(CPictureView_DialogTest, DrawsTheCameraBoundariesUnlessToldNot)
+{
+    Open(CameraPage());
+    const QColor gray(0x40, 0x40, 0x40);
+    const auto colourAtBoundary = [this] {
+        const PictureNavigation& navigation = Plot().Navigation();
+        const QPointF edge = (navigation.PointOf({19, 30}) + navigation.PointOf({20, 30})) / 2.0;
+        return Plot().grab().toImage().pixelColor(edge.toPoint());
+    };
+    EXPECT_NE(colourAtBoundary(), gray);
+    EXPECT_EQ(ColourOf(10, 30), gray);
+    Click("boundariesCheck");
+    EXPECT_EQ(colourAtBoundary(), gray);
+}
+
+TEST_F(CPictureView_DialogTest, GoesThroughThePages)
+{
+    TiffFile file;
+    for (const char* const value : {"\x10", "\x80", "\xF0"}) {
+        TiffPageBytes page;
+        page.width = 30;
+        page.height = 20;
+        page.pixels = std::string(600, value[0]);
+        file.Add(page);
+    }
+    Open(file.Bytes());
+    EXPECT_EQ(Text("pagesText"), "of 3");
+    EXPECT_FALSE(Find<QPushButton>("previousPageButton").isEnabled());
+    Plot().Navigation().ZoomIn();
+    const double zoom = Plot().View().zoom;
+    Click("nextPageButton");
+    WaitUntilLoaded();
+    EXPECT_EQ(ColourOf(15, 10), QColor(0x80, 0x80, 0x80));
+    EXPECT_EQ(Plot().View().zoom, zoom) << "pages of one size are compared with each other";
+    QTest::keyClick(&Find<QSpinBox>("pageSpin"), Qt::Key_Up);
+    WaitUntilLoaded();
+    EXPECT_EQ(ColourOf(15, 10), QColor(0xF0, 0xF0, 0xF0));
+    EXPECT_FALSE(Find<QPushButton>("nextPageButton").isEnabled());
+    QTest::keyClick(dialog.get(), Qt::Key_PageUp, Qt::ControlModifier);
+    WaitUntilLoaded();
+    EXPECT_EQ(Find<QSpinBox>("pageSpin").value(), 2);
+    EXPECT_TRUE(messages.Messages().empty());
+}
+
+TEST_F(CPictureView_DialogTest, ShowsWhatADamagedFileStillHas)
+{
+    TiffPageBytes page;
+    page.width = 40;
+    page.height = 40;
+    page.pixels = std::string(1600, '\x60');
+    const std::string bytes = TiffFile().Add(page).Bytes();
+    Open(bytes.substr(0, bytes.size() - 20 * 40));
+    ASSERT_EQ(messages.Messages().size(), 1U);
+    EXPECT_NE(messages.Messages()[0].text.find("\nCan't read tif-file"), std::string::npos);
+    EXPECT_EQ(ColourOf(20, 19), QColor(0x60, 0x60, 0x60));
+    EXPECT_NE(ColourOf(20, 20), QColor(0x60, 0x60, 0x60));
+    EXPECT_EQ(Text("noteText"), "Rows 20 to 39 are not in the file.");
+    PointAt(20, 30);
+    EXPECT_EQ(Text("valueText"), "");
+}
+
+TEST_F(CPictureView_DialogTest, RefusesWithOneMessage)
+{
+    struct Row {
+        std::string bytes;
+        const char* text;
+    };
+    TiffFile looping = TiffFile().Add(CameraPage());
+    std::string comesBack = looping.Bytes();
+    comesBack.replace(looping.LinkOffset(), 4, comesBack.substr(4, 4));
+    for (const Row& row : {Row{"no picture", "\nTif format error"},
+             Row{"", "\nCan't read tif-file"}, Row{comesBack, "\nTif format error"}}) {
+        messages.Clear();
+        Open(row.bytes);
+        ASSERT_EQ(messages.Messages().size(), 1U);
+        EXPECT_NE(messages.Messages()[0].text.find(row.text), std::string::npos);
+        EXPECT_FALSE(Find<QPushButton>("saveButton").isEnabled());
+        EXPECT_EQ(Text("sizeText"), "");
+        PointAt(0, 0);
+        EXPECT_EQ(Text("positionText"), "");
+    }
+}
+
+TEST_F(CPictureView_DialogTest, BeginsAtAMarkedPixel)
+{
+    TiffPageBytes page;
+    page.width = 3000;
+    page.height = 2000;
+    page.rowsPerStrip = 1;
+    page.pixels = std::string(3000, '\x70');
+    const MarkedPicture picture{
+        folder.Write("raw.tif", TiffFile().Add(page).Bytes()), {{1000, 700}}, {1010, 720}};
+    Show(std::make_unique<CPictureView_Dialog>(picture));
+    EXPECT_EQ(Plot().View().zoom, 1.0);
+    EXPECT_EQ(Plot().View().x.centre, 1010);
+    EXPECT_EQ(Plot().View().y.centre, 720);
+    const QColor gray(0x70, 0x70, 0x70);
+    EXPECT_NE(ColourOf(1000, 700), gray);
+    EXPECT_EQ(ColourOf(1004, 700), gray);
+    EXPECT_NE(ColourOf(1010 + 10, 720), gray) << "a stroke that points at the middle";
+    Click("marksCheck");
+    EXPECT_EQ(ColourOf(1000, 700), gray);
+}
+
+TEST_F(CPictureView_DialogTest, APictureSmallerThanTheWindowLiesInItsMiddle)
+{
+    TiffPageBytes page;
+    page.width = 10;
+    page.height = 4;
+    page.pixels = VariedBytes(40);
+    Open(page);
+    const QPointF middle = Plot().Navigation().PointOf({5, 2});
+    EXPECT_LT(std::abs(middle.y() - Plot().height() / 2.0), Plot().View().zoom);
+    QTest::mouseClick(&Plot(), Qt::RightButton, {}, PointOf(8, 1));
+    const double zoom = Plot().View().zoom;
+    for (const int step : {1, 1, 1}) {
+        const QPoint point = PointOf(8, 1);
+        QTest::mouseClick(&Plot(), Qt::LeftButton, {}, point);
+        const auto pixel = Plot().Navigation().PixelAt(point);
+        ASSERT_TRUE(pixel) << step;
+        EXPECT_EQ(pixel->x, 8);
+    }
+    EXPECT_GT(Plot().View().zoom, zoom);
+    Click("fitButton");
+    EXPECT_TRUE(Plot().Navigation().IsAtStart());
+}
+
+/// So many pixels that loading takes a while on every machine, in a small file.
+TiffPageBytes LongToLoad()
+{
+    TiffPageBytes page;
+    page.depth = ColorDepth::Bilevel;
+    page.width = 120'000;
+    page.height = 20'000;
+    page.rowsPerStrip = 1;
+    page.pixels = std::string(page.width / 8, '\x33');
+    page.compression = kPackBits;
+    return page;
+}
+
+TEST_F(CPictureView_DialogTest, LoadingCanBeCancelled)
+{
+    dialog = std::make_unique<CPictureView_Dialog>(
+        folder.Write("long.tif", TiffFile().Add(LongToLoad()).Bytes()));
+    dialog->show();
+    ASSERT_TRUE(dialog->Loader().IsRunning());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Find<QProgressBar>("progressBar").value() > 0; }));
+    EXPECT_GT(Plot().Content().coveredRows, 0) << "what is loaded can be seen";
+    Click("cancelButton");
+    EXPECT_FALSE(dialog->Loader().IsRunning());
+    EXPECT_FALSE(dialog->Loader().Picture().IsLoaded());
+    EXPECT_TRUE(Text("noteText").ends_with(" to 19999 are not loaded.")) << Text("noteText");
+    EXPECT_FALSE(Find<QWidget>("loadingRow").isVisible());
+    EXPECT_TRUE(messages.Messages().empty());
+}
+
+TEST_F(CPictureView_DialogTest, CanBeClosedWhileItLoads)
+{
+    dialog = std::make_unique<CPictureView_Dialog>(
+        folder.Write("long.tif", TiffFile().Add(LongToLoad()).Bytes()));
+    dialog->show();
+    QTest::qWait(20);
+    EXPECT_TRUE(dialog->Loader().IsRunning());
+    dialog.reset();
+    EXPECT_TRUE(messages.Messages().empty());
 }
 
 } // namespace

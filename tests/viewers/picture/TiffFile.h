@@ -42,6 +42,10 @@ public:
         std::string pixels;
         std::vector<std::uint32_t> offsets;
         for (std::uint32_t row = 0; row < page.height; ++row) {
+            if (row * rowBytes >= page.pixels.size()) {
+                offsets.push_back(0); // With a strip a row.
+                continue;
+            }
             if (row % page.rowsPerStrip == 0)
                 offsets.push_back(static_cast<std::uint32_t>(pixels.size()));
             pixels += CodedRow(page.pixels.substr(row * rowBytes, rowBytes), page.compression);
