@@ -28,10 +28,13 @@ std::string LoadPicture(const Subject& subject, PictureData& data)
 /// The whole picture, so many times as large about its middle.
 PictureView ViewOf(const TifPage& page, PictureSize size, int times)
 {
-    const PictureView whole =
+    PictureView view =
         PictureView::Start(page.width, page.height, size.width, size.height).Fitted();
-    const double zoom = std::min(whole.zoom * times, PictureView::kLargestZoom);
-    return whole.ZoomedAt(size.width / 2, size.height / 2, zoom >= 1.0 ? std::round(zoom) : zoom);
+    const double zoom = std::min(view.zoom * times, PictureView::kLargestZoom);
+    view.zoom = zoom >= 1.0 ? std::round(zoom) : zoom;
+    view.x.centre = page.width / 2;
+    view.y.centre = page.height / 2;
+    return view.MovedBy(0, 0);
 }
 
 } // namespace

@@ -69,6 +69,9 @@ const Shot kShots[] = {
     {"startest-widths", "CStarTest_Dialog", "startest-sweeps.con", {1240, 500}, {"automaticCheck"},
         {"Line Widths"}, 2},
     {"startest-average", "CStarTest_Dialog", "startest-repeats.con", {1240, 500}, {}},
+    {"picture-gray", "CPictureView_Dialog", "picture-gray.tif", {1160, 640}, {}},
+    {"picture-palette", "CPictureView_Dialog", "picture-palette.tif", {1160, 640},
+        {"oneToOneButton"}},
 };
 
 /// The top window that is open now: a modal dialog.

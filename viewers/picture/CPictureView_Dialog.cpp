@@ -143,15 +143,15 @@ void CPictureView_Dialog::OnAcceleratorCommand(int command)
 
 // Files.
 
-/// The path by value: the one at hand goes away with its picture.
-void CPictureView_Dialog::ReadFile(std::filesystem::path path, std::uint32_t page)
+void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint32_t page)
 {
     m_loadingTimer.stop();
     m_ui->plot->SetPicture(nullptr);
     const ImageResult result = m_loader.Start(path, page);
     m_ui->plot->SetPicture(&Picture());
-    m_ui->fileText->setText(QStringFromPath(path.filename()));
-    m_ui->fileText->setToolTip(QStringFromPath(path));
+    // From here on `path` may be gone, together with the picture before.
+    m_ui->fileText->setText(QStringFromPath(Picture().Path().filename()));
+    m_ui->fileText->setToolTip(QStringFromPath(Picture().Path()));
     ShowFacts();
     if (result != ImageResult::Ok) {
         ShowLoading(false);

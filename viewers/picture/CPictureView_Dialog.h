@@ -47,7 +47,7 @@ private:
     void SetUpMenus();
 
     // Files.
-    void ReadFile(std::filesystem::path path, std::uint32_t page);
+    void ReadFile(const std::filesystem::path& path, std::uint32_t page);
     void FollowLoading();
     void OnLoaded();
     void Tell(ImageResult result);

@@ -35,9 +35,11 @@ ImageResult PictureLoader::Start(const std::filesystem::path& path, std::uint32_
     // More threads than these wait for the decoder, which is one.
     constexpr unsigned kMostThreads = 4;
     Cancel();
-    m_picture = std::make_unique<PictureData>();
+    // The path may be that of the picture that is given up.
+    auto picture = std::make_unique<PictureData>();
+    const ImageResult result = picture->Open(path, page);
+    m_picture = std::move(picture);
     m_progress = std::make_unique<WorkProgress>();
-    const ImageResult result = m_picture->Open(path, page);
     if (result != ImageResult::Ok)
         return result;
     const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
