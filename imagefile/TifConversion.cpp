@@ -5,6 +5,7 @@
 #include "imagefile/CTIFWriter.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
+#include "platform/WorkProgress.h"
 
 #include <algorithm>
 #include <array>
@@ -110,7 +111,7 @@ std::string DescribeWriter(const TifConversion& conversion, const CTIFWriter& wr
 
 } // namespace
 
-std::string ConvertTif(const TifConversion& conversion)
+std::string ConvertTif(const TifConversion& conversion, WorkProgress* progress)
 {
     std::error_code error;
     if (std::filesystem::equivalent(conversion.input, conversion.output, error) && !error)
@@ -125,9 +126,16 @@ std::string ConvertTif(const TifConversion& conversion)
     std::uint32_t rows = 0;
     const bool keepsProfile = conversion.profile.empty();
     ImageResult result = reader.Open(rows, keepsProfile ? profile.Path() : std::filesystem::path());
+    WorkProgress unfollowed;
+    WorkProgress& work = progress ? *progress : unfollowed;
+    work.SetTotal(rows);
     std::uint32_t row = 0;
-    for (; row < rows && result == ImageResult::Ok; ++row)
+    for (; row < rows && result == ImageResult::Ok; ++row) {
+        if (work.IsCancelled())
+            return {};
+        work.SetDone(row);
         result = reader.ReadLine();
+    }
     if (result != ImageResult::Ok && writer.Result() == ImageResult::Ok)
         return std::string(Describe(result)) + (row > 0 ? Format(" in row %u", row) : "");
     if (result == ImageResult::Ok)

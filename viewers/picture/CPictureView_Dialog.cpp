@@ -1,5 +1,6 @@
 #include "viewers/picture/CPictureView_Dialog.h"
 
+#include "imagefile/TifConversion.h"
 #include "platform/Message.h"
 #include "platform/Text.h"
 #include "resources/ControlIds.h"
@@ -10,9 +11,11 @@
 #include "viewers/controls/QtText.h"
 #include "viewers/picture/PictureData.h"
 #include "viewers/picture/PictureExport.h"
+#include "viewers/picture/PictureForms.h"
 #include "viewers/picture/PictureText.h"
 
 #include <QAction>
+#include <QInputDialog>
 #include <QMenu>
 #include <QPixmap>
 #include <QSignalBlocker>
@@ -288,7 +291,56 @@ void CPictureView_Dialog::OnLoad()
     ReadFile(file, 1);
 }
 
-void CPictureView_Dialog::OnSave() { }
+void CPictureView_Dialog::OnSave()
+{
+    if (Picture().Holding() == PictureHolding::Nowhere)
+        return;
+    const std::optional<PictureForm> form = AskForForm();
+    if (!form)
+        return;
+    TifConversion conversion;
+    conversion.input = Picture().Path();
+    conversion.page = Picture().PageNumber();
+    conversion.compression = form->compression;
+    conversion.predictor = form->predictor;
+    conversion.output = AskForFileToSave(
+        this, {tr("Save As"), TiffFilter(), QStringLiteral("tif")}, Picture().Path());
+    if (!conversion.output.empty()) {
+        WaitFor(tr("Save As"), tr("Please wait while saving"),
+            [&](WorkProgress& progress) { return ConvertTif(conversion, &progress); });
+    }
+}
+
+/// How the picture is to be stored, at first as it is; nothing when cancelled.
+std::optional<PictureForm> CPictureView_Dialog::AskForForm()
+{
+    const std::vector<PictureForm> forms = PictureForms(Picture().Page().depth);
+    QStringList names;
+    int present = 0;
+    for (const PictureForm& form : forms) {
+        if (form.compression == Picture().Page().compression
+            && form.predictor == Picture().Page().predictor)
+            present = static_cast<int>(names.size());
+        names.append(QStringFromText(form.name));
+    }
+    bool isChosen = false;
+    const QString name = QInputDialog::getItem(
+        this, tr("Save As"), tr("&Compression:"), names, present, false, &isChosen);
+    const auto index = names.indexOf(name);
+    return isChosen && index >= 0 ? std::optional(forms[static_cast<std::size_t>(index)])
+                                  : std::nullopt;
+}
+
+/// Does work that takes long and tells why it failed, if it gives a reason (UTF-8).
+void CPictureView_Dialog::WaitFor(const QString& title, const QString& text,
+    const std::function<std::string(WorkProgress&)>& work)
+{
+    std::string failure;
+    CWait_Dialog wait(title, text, CWait_Dialog::Cancelling::Offered, this);
+    wait.Run([&](WorkProgress& progress) { failure = work(progress); });
+    if (!failure.empty())
+        ShowMessage(Windows1252FromUtf8(failure));
+}
 
 void CPictureView_Dialog::OnPrint()
 {
@@ -315,15 +367,9 @@ void CPictureView_Dialog::OnExportRow()
         return;
     const std::int64_t row =
         std::clamp<std::int64_t>(m_ui->plot->View().y.centre, 0, Picture().Page().height - 1);
-    std::string failure;
-    CWait_Dialog wait(tr("Export Row"), tr("Please wait while exporting"),
-        CWait_Dialog::Cancelling::Offered, this);
-    wait.Run([&](WorkProgress& progress) {
-        failure =
-            ExportPictureRow({Picture().Path(), Picture().PageNumber(), row, target}, progress);
+    WaitFor(tr("Export Row"), tr("Please wait while exporting"), [&](WorkProgress& progress) {
+        return ExportPictureRow({Picture().Path(), Picture().PageNumber(), row, target}, progress);
     });
-    if (!failure.empty())
-        ShowMessage(Windows1252FromUtf8(failure));
 }
 
 void CPictureView_Dialog::OnCancel()

@@ -3,6 +3,7 @@
 #include "viewers/controls/CViewerDialog.h"
 #include "viewers/controls/PictureMark.h"
 #include "viewers/controls/PictureView.h"
+#include "viewers/picture/PictureForms.h"
 #include "viewers/picture/PictureLoader.h"
 
 #include <QTimer>
@@ -12,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace Ui {
 class CPictureView_Dialog;
@@ -61,6 +63,10 @@ private:
     void ShowZoom();
     void ShowPixel(const std::optional<PicturePixel>& pixel);
     void ShowPalette(const std::optional<PicturePixel>& pixel);
+
+    std::optional<PictureForm> AskForForm();
+    void WaitFor(const QString& title, const QString& text,
+        const std::function<std::string(WorkProgress&)>& work);
 
     // Commands.
     void OnLoad();

@@ -1,17 +1,22 @@
 #include "platform/Message.h"
 #include "tests/TempFolder.h"
 #include "tests/viewers/picture/TiffFile.h"
+#include "viewers/controls/QtText.h"
 #include "viewers/picture/CPictureView_Control.h"
 #include "viewers/picture/CPictureView_Dialog.h"
 #include "viewers/picture/PictureData.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -241,6 +246,44 @@ TEST_F(CPictureView_DialogTest, RefusesWithOneMessage)
         PointAt(0, 0);
         EXPECT_EQ(Text("positionText"), "");
     }
+}
+
+TEST_F(CPictureView_DialogTest, SavesThePageInAnotherForm)
+{
+    // Where the user was last is kept among the settings.
+    qputenv("XDG_CONFIG_HOME", folder.Path().string().c_str());
+    qputenv("APPDATA", folder.Path().string().c_str());
+    TiffPageBytes page = CameraPage();
+    page.pixels = VariedBytes(page.pixels.size());
+    Open(page);
+    const std::filesystem::path target = folder.Path() / "saved.tif";
+    const auto typeName = [&target] {
+        auto* const files = QApplication::activeModalWidget();
+        auto* const name = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        name->setText(QStringFromPath(target));
+        QTest::keyClick(name, Qt::Key_Return);
+    };
+    QTimer::singleShot(0, [typeName] {
+        auto* const forms = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(forms, nullptr);
+        EXPECT_EQ(forms->textValue(), "Uncompressed") << "as it is, unless another is chosen";
+        forms->setTextValue(QStringLiteral("LZW with horizontal differencing"));
+        QTimer::singleShot(0, typeName);
+        forms->accept();
+    });
+    Click("saveButton");
+    PictureData saved;
+    ASSERT_EQ(saved.Open(target), ImageResult::Ok);
+    EXPECT_EQ(saved.Page().compression, TifCompression::kLzw);
+    EXPECT_EQ(saved.Page().predictor, TifPage::kHorizontalDifferencing);
+    EXPECT_EQ(saved.Page().resolution, 300U);
+    EXPECT_EQ(saved.Cameras(), dialog->Loader().Picture().Cameras());
+    WorkProgress progress;
+    saved.Load(progress);
+    for (std::int64_t row = 0; row < 40; ++row)
+        EXPECT_EQ(saved.SamplesAt(row, row), dialog->Loader().Picture().SamplesAt(row, row));
+    EXPECT_TRUE(messages.Messages().empty());
 }
 
 TEST_F(CPictureView_DialogTest, BeginsAtAMarkedPixel)
