@@ -25,7 +25,7 @@ CPicture& CPicture::operator=(const CPicture& other)
 
 CPicture::Buffer CPicture::MakeBuffer(std::int64_t length)
 {
-    // No machine has as much memory as this, and some allocators end the program when they are asked.
+    // No machine has as much memory as this, and some allocators end the program when asked for it.
     constexpr std::int64_t kMostBytes = std::int64_t{1} << 40;
     const auto bytes = static_cast<std::uint64_t>(length);
     if (length >= kMostBytes || bytes > std::numeric_limits<std::size_t>::max())

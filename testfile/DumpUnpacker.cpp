@@ -207,7 +207,7 @@ std::string ListLeftOut(const UnpackReport& report)
 {
     constexpr std::size_t kMostLines = 12;
     std::string text =
-        Format("%zu of %zu files were left out:\n", report.leftOut.size(), report.memberCount);
+        Format("%zu of %zu files left out:\n", report.leftOut.size(), report.memberCount);
     const std::size_t lines = std::min(report.leftOut.size(), kMostLines);
     for (std::size_t i = 0; i < lines; ++i)
         text += "\n" + WithReason(report.leftOut[i]);

@@ -7,6 +7,7 @@
 
 #include "app/ViewerTable.h"
 #include "platform/Message.h"
+#include "viewers/controls/CWait_Dialog.h"
 #include "viewers/controls/QtText.h"
 
 #include <QAbstractButton>
@@ -14,11 +15,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QPixmap>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <cstdio>
 #include <filesystem>
+#include <semaphore>
 #include <string>
 #include <vector>
 
@@ -48,6 +51,7 @@ const Shot kShots[] = {
     {"oscilloscope-adjustment", "COscilloscope_Dialog", "oscilloscope-generation-9.con",
         {1200, 760}, {}},
     {"oscilloscope-mtf", "COscilloscope_Dialog", "mtf.con", {1200, 760}, {}},
+    {"dump", "COscilloscope_Dialog", "dump/test-run.con", {1200, 760}, {}},
     {"noise", "CNoiseTest_SM_Dialog", "noise-color.con", {1100, 520}, {}},
     {"noise-check", "CNCTest_Dialog", "noise-color.con", {860, 360}, {}},
     {"tonal-best-fit", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600}, {}},
@@ -135,15 +139,42 @@ bool Photograph(const Shot& shot, const QString& target)
     return good;
 }
 
+/// The wait dialog, two fifths on its way with what would take long.
+bool TakeWait(const QString& folder)
+{
+    const QString target = folder + QStringLiteral("/dump-wait.png");
+    vireo::CWait_Dialog wait(QStringLiteral("Vireo 6"), QStringLiteral("Unpacking test-run.con"));
+    std::binary_semaphore taken(0);
+    bool good = false;
+    QTimer::singleShot(2 * vireo::CWait_Dialog::kShowAfterMilliseconds, [&] {
+        good = wait.grab().save(target);
+        taken.release();
+    });
+    wait.Run([&taken](vireo::WorkProgress& progress) {
+        progress.SetTotal(5);
+        progress.SetDone(2);
+        taken.acquire();
+    });
+    std::printf("%s %s\n", good ? "took" : "FAILED", qPrintable(target));
+    return good;
+}
+
 bool Take(const Shot& shot, const std::filesystem::path& samples, const QString& folder)
 {
+    // A dump is unpacked beside itself, and no sample shall be changed.
+    const QTemporaryDir scratch;
+    const std::filesystem::path copy = vireo::PathFromQString(scratch.path()) / "copy";
+    const std::filesystem::path file = copy / std::filesystem::path(shot.sample).filename();
+    std::filesystem::create_directory(copy);
+    std::filesystem::copy_file(samples / shot.sample, file);
+
     vireo::ViewerTable viewers = vireo::ProgramViewers();
     const QString target = folder + QLatin1Char('/') + QLatin1String(shot.name) + ".png";
     bool good = false;
     // Messages are part of some samples; nobody is there to close their boxes.
     const vireo::MessageRecorder messages;
     QTimer::singleShot(300, [&] { good = Photograph(shot, target); });
-    viewers.OpenViewer(shot.viewer, samples / shot.sample, nullptr);
+    viewers.OpenViewer(shot.viewer, file, nullptr);
     std::printf("%s %s\n", good ? "took" : "FAILED", qPrintable(target));
     return good;
 }
@@ -166,5 +197,7 @@ int main(int argc, char** argv)
     for (const Shot& shot : kShots)
         if (wanted.isEmpty() || wanted.contains(QLatin1String(shot.name)))
             good = Take(shot, vireo::PathFromQString(arguments[1]), arguments[2]) && good;
+    if (wanted.isEmpty() || wanted.contains(QStringLiteral("dump-wait")))
+        good = TakeWait(arguments[2]) && good;
     return good ? 0 : 1;
 }

@@ -85,7 +85,7 @@ TEST_F(UnpackBesideTest, WhatIsLeftOutIsToldOnceAndLogged)
     EXPECT_TRUE(UnpackBeside(Dump(dump.Bytes()), nullptr));
     ASSERT_EQ(m_messages.Messages().size(), 1U);
     EXPECT_TRUE(m_messages.Messages()[0].text.ends_with(
-        "dump.con\n\n2 of 3 files were left out:\n\nNUL: the name is that of a device\n"
+        "dump.con\n\n2 of 3 files left out:\n\nNUL: the name is that of a device\n"
         "b.con: Is a folder"))
         << m_messages.Messages()[0].text;
     log_Close();

@@ -1,4 +1,3 @@
-#include "platform/Sha256.h"
 #include "tests/DumpFile.h"
 #include "tests/TempFolder.h"
 #include "tests/cli/ProgramRun.h"
@@ -10,20 +9,13 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string DigestOf(const std::string& text)
-{
-    Sha256 digest;
-    digest.Add({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-    return digest.HexDigest();
-}
-
 class KitbagProgram : public testing::Test {
 protected:
     std::string Dump(const std::string& bytes) { return Text(folder.Write("d.con", bytes)); }
 
     TempFolder folder;
     const DumpFile good{{{"a.con", "abc"}, {"Kitbag.txt", "text"}, {"b", ""}}};
-    const DumpFile bad{{{"a.con", "abc"}, {"..\\b", "1"}, {"NUL", "22"}, {"D.CON", ""}}};
+    const DumpFile bad{{{"a.con", "abc"}, {"..\\b", "abc"}, {"NUL", "abc"}, {"D.CON", "abc"}}};
 };
 
 TEST_F(KitbagProgram, AnalysesTheDirectoryAndItsMembers)
@@ -31,15 +23,12 @@ TEST_F(KitbagProgram, AnalysesTheDirectoryAndItsMembers)
     const std::string file = Dump(bad.Bytes());
     const ProgramRun run = RunCli({"analyse", file});
     ASSERT_EQ(run.exitStatus, 0) << run.error;
-    const Json expected{{"file", file}, {"kind", "kitbag"}, {"data_offset", 61},
-        {"members",
-            {{{"name", "a.con"}, {"size", 3},
-                 // The first test vector of FIPS 180-4.
-                 {"sha256", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
-                 {"accepted", true}},
-                {{"name", "..\\b"}, {"size", 1}, {"sha256", DigestOf("1")}, {"accepted", false}},
-                {{"name", "NUL"}, {"size", 2}, {"sha256", DigestOf("22")}, {"accepted", false}},
-                {{"name", "D.CON"}, {"size", 0}, {"sha256", DigestOf("")}, {"accepted", false}}}}};
+    Json expected{{"file", file}, {"kind", "kitbag"}, {"data_offset", 61}};
+    // The digest is the first test vector of FIPS 180-4.
+    for (const auto& [name, content] : bad.members)
+        expected["members"].push_back(Json{{"name", name}, {"size", 3},
+            {"sha256", "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
+            {"accepted", name == "a.con"}});
     EXPECT_EQ(run.Objects().at(0).dump(), expected.dump());
 }
 

@@ -3,77 +3,35 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace vireo {
 namespace {
 
-struct NameRow {
-    std::string name;
-    NameFault fault;
-};
-
 TEST(MemberName, WhatMayBecomeAFile)
 {
-    using enum NameFault;
-    const NameRow rows[] = {
-        {"Oscil_Gray_600.con", None},
-        {"a", None},
-        {"Kitbag.txt", None},
-        {" leading.con", None},
-        {"a b.con", None},
-        {".hidden", None},
-        {"a..b", None},
-        {"Gr\xF6\xDF"
-         "e.con",
-            None},
-        {std::string(259, 'n'), None},
-        {"", Empty},
-        {std::string(260, 'n'), TooLong},
-        {"../a.con", Folder},
-        {"..\\a.con", Folder},
-        {"/etc/passwd", Folder},
-        {"sub/a.con", Folder},
-        {"\\\\server\\share\\a", Folder},
-        {"C:\\a.con", Folder},
-        {"C:a.con", Folder},
-        {"a.con:stream", Folder},
-        {"a\nb", Character},
-        {std::string("a\x01") + "b", Character},
-        {"a?.con", Character},
-        {"*", Character},
-        {"a|b", Character},
-        {"<a>", Character},
-        {"\"a\"", Character},
-        {".", Ending},
-        {"..", Ending},
-        {"a.con.", Ending},
-        {"a.con ", Ending},
-        {" ", Ending},
-        {"CON", Device},
-        {"con", Device},
-        {"Con.txt", Device},
-        {"NUL.tar.gz", Device},
-        {"aux .con", Device},
-        {"PRN", Device},
-        {"COM1", Device},
-        {"com9.con", Device},
-        {"LPT1", Device},
-        {"COM\xB9", Device},
-        {"LPT\xB3.con", Device},
-        {"CONIN$", Device},
-        {"COM0", None},
-        {"COM10", None},
-        {"COM", None},
-        {"CONS", None},
-        {"a.CON", None},
-        {"LPTX", None},
-        {"Run 7.con", DumpItself},
-        {"RUN 7.CON", DumpItself},
-        {"Run 7.con2", None},
+    using Names = std::vector<std::string>;
+    const std::pair<NameFault, Names> rows[] = {
+        {NameFault::None,
+            {"Oscil_Gray_600.con", "a", "Kitbag.txt", " leading.con", "a b.con", ".hidden", "a..b",
+                "Gr\xF6\xDF.con", std::string(259, 'n'), "COM0", "COM10", "COM", "CONS", "a.CON",
+                "LPTX", "Run 7.con2"}},
+        {NameFault::Empty, {""}},
+        {NameFault::TooLong, {std::string(260, 'n'), "../" + std::string(300, 'n')}},
+        {NameFault::Folder,
+            {"../a.con", "..\\a.con", "/etc/passwd", "sub/a.con", "\\\\server\\share\\a",
+                "C:\\a.con", "C:a.con", "a.con:stream"}},
+        {NameFault::Character, {"a\nb", "a\x01", "a?.con", "*", "a|b", "<a", "a>", "\"a\""}},
+        {NameFault::Ending, {".", "..", "a.con.", "a.con ", " "}},
+        {NameFault::Device,
+            {"CON", "con", "Con.txt", "NUL.tar.gz", "aux .con", "PRN", "COM1", "com9.con", "LPT1",
+                "COM\xB9", "LPT\xB3.con", "CONIN$", "conout$.x"}},
+        {NameFault::DumpItself, {"Run 7.con", "RUN 7.CON"}},
     };
-    for (const NameRow& row : rows) {
-        EXPECT_EQ(CheckMemberName(row.name, "Run 7.con"), row.fault) << '"' << row.name << '"';
-        EXPECT_EQ(Describe(CheckMemberName(row.name, "Run 7.con")).empty(), row.fault == None);
+    for (const auto& [fault, names] : rows) {
+        EXPECT_EQ(Describe(fault).empty(), fault == NameFault::None);
+        for (const std::string& name : names)
+            EXPECT_EQ(CheckMemberName(name, "Run 7.con"), fault) << '"' << name << '"';
     }
 }
 

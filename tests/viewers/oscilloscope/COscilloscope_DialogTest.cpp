@@ -581,8 +581,7 @@ protected:
         ASSERT_EQ(m_messages.Messages().size(), 2U);
         EXPECT_EQ(m_messages.Messages()[0].text,
             "This is a Kitbag packed file,\nand it will now be unpacked.");
-        EXPECT_NE(
-            m_messages.Messages()[1].text.find("1 of 3 files were left out"), std::string::npos);
+        EXPECT_NE(m_messages.Messages()[1].text.find("1 of 3 files left out"), std::string::npos);
         EXPECT_TRUE(m_dialog->isVisible());
         EXPECT_TRUE(Find<QWidget>("folderGroup").isVisible());
         EXPECT_EQ(Text("folderText"), "600dpi Color Adjusted");

@@ -67,7 +67,7 @@ TEST_F(PicturePageTest, HasThePixelsInViewBelowTheHeader)
 TEST_F(PicturePageTest, ShowsOnlyWhatIsInView)
 {
     // One pixel fills the view.
-    content.view = content.view.ZoomedAt(35, 25, 40.0);
+    content.view = content.view.ZoomedAt(35, 15, 40.0);
     const QImage page = Page();
     EXPECT_EQ(qRed(page.pixel(500, 720)), 130);
     EXPECT_EQ(qRed(page.pixel(110, 340)), 130);

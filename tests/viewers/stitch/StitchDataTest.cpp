@@ -1,4 +1,5 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/stitch/StitchFiles.h"
 #include "viewers/controls/PictureRows.h"
 #include "viewers/stitch/StitchData.h"
 
@@ -10,22 +11,6 @@
 
 namespace vireo {
 namespace {
-
-/// A file of the older form: type at 11, resolution in hundredths, width and height from 24 on.
-std::string OldStitchFile(
-    char type, std::uint32_t width, std::uint32_t height, const std::string& data)
-{
-    std::string header(48, '\0');
-    header[11] = type;
-    const auto put = [&header](std::size_t at, std::uint32_t value) {
-        for (std::size_t i = 0; i < 4; ++i)
-            header[at + i] = static_cast<char>(value >> (8 * i) & 0xff);
-    };
-    put(24, 60099);
-    put(28, width);
-    put(32, height);
-    return header + data;
-}
 
 std::string Pixels(const StitchData& data)
 {
@@ -71,7 +56,8 @@ TEST(StitchData, DrawsRunLengthCodes)
     for (const RunLengthCase& row : rows) {
         StitchData data;
         ASSERT_EQ(
-            data.Read(folder.Write("a.con", OldStitchFile(17, 8, 2, row.codes))), StitchResult::Ok);
+            data.Read(folder.Write("a.con", OldStitchFile(kRunLengthStitchType, 8, 2, row.codes))),
+            StitchResult::Ok);
         EXPECT_TRUE(data.m_bRunLength);
         EXPECT_EQ(data.m_iPhysicalResolution, 600) << "hundredths, cut off";
         EXPECT_EQ(Pixels(data), row.pixels) << row.name;
@@ -82,8 +68,8 @@ TEST(StitchData, ShowsGrayPixelsAndWhiteWhereTheyEnd)
 {
     const TempFolder folder;
     StitchData data;
-    ASSERT_EQ(
-        data.Read(folder.Write("a.con", OldStitchFile(18, 4, 2, "abcdef"))), StitchResult::Ok);
+    ASSERT_EQ(data.Read(folder.Write("a.con", OldStitchFile(kGrayStitchType, 4, 2, "abcdef"))),
+        StitchResult::Ok);
     EXPECT_FALSE(data.m_bRunLength);
     EXPECT_EQ(Pixels(data), "abcdef..");
     EXPECT_TRUE(data.Complaints().empty()) << "only the text form announces a length";
@@ -105,7 +91,7 @@ TEST(StitchData, HoldsHostileSizes)
 {
     const TempFolder folder;
     for (const std::uint32_t size : {0U, 0xffffffffU, 0x7fffffffU, 0x80000000U}) {
-        for (const char type : {'\x11', '\x12'}) {
+        for (const char type : {kRunLengthStitchType, kGrayStitchType}) {
             StitchData data;
             ASSERT_EQ(data.Read(folder.Write("a.con", OldStitchFile(type, size, size, "\x05"))),
                 StitchResult::Ok);
@@ -119,7 +105,7 @@ TEST(StitchData, HoldsHostileSizes)
 TEST(StitchData, RefusesWhatIsTooShort)
 {
     const TempFolder folder;
-    const std::string whole = OldStitchFile(18, 4, 2, "");
+    const std::string whole = OldStitchFile(kGrayStitchType, 4, 2, "");
     for (std::size_t length = 0; length < whole.size(); ++length) {
         StitchData data;
         EXPECT_NE(data.Read(folder.Write("a.con", whole.substr(0, length))), StitchResult::Ok);
