@@ -2,6 +2,8 @@
 
 #include "imagefile/CTIFReader.h"
 
+#include <memory>
+
 namespace vireo {
 
 /// Decodes the rows of one page from its strips. The reader moves the stream to a strip and calls
@@ -40,9 +42,14 @@ public:
 /// PackBits (compression 32773): runs and literals, each within one row.
 class CTIFReader::CDecoderPackbit : public CDecoder {
 public:
-    using CDecoder::CDecoder;
+    CDecoderPackbit(std::size_t bytesPerRow, TifStream& stream);
 
     ImageResult DecodeLine(std::uint8_t* row) override;
+
+private:
+    std::size_t DecodePiece(std::size_t left, ImageResult& result);
+
+    std::unique_ptr<std::uint8_t[]> m_piece;
 };
 
 } // namespace vireo

@@ -1,5 +1,7 @@
 #include "imagefile/CDecoder.h"
+#include "imagefile/TifBits.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace vireo {
@@ -7,51 +9,57 @@ namespace vireo {
 namespace {
 
 constexpr unsigned kNothing = 128;         ///< The control byte that means nothing.
+constexpr std::ptrdiff_t kLongest = 128;   ///< Bytes of the longest literal or run.
 constexpr std::size_t kLongestChunk = 129; ///< A control byte and 128 bytes.
-/// Fills and copies go by so many bytes, and over their end by fewer.
+/// Literals are copied by so many bytes, and over their end by fewer.
 constexpr std::ptrdiff_t kBlock = 32;
+/// Runs are filled so far, or as far as the longest.
+constexpr std::ptrdiff_t kFill = 16;
+/// A row is put together in pieces of so many bytes at least, in the decoder's own memory, where
+/// copies over the end of a chunk spoil nothing.
+constexpr std::ptrdiff_t kPiece = 4096;
 
 struct Cursor {
     const std::uint8_t* next;
     const std::uint8_t* end;
-    std::uint8_t* row;
-    std::uint8_t* rowEnd;
+    std::uint8_t* out;
+    const std::uint8_t* pieceEnd;
+    const std::uint8_t* rowEnd; ///< Where `out` would be at the end of the row.
 };
 
-/// Decodes chunks as long as neither the input nor the row can end in what is read and written: a
-/// block for a short chunk, what the longest takes for others. (Finer steps cost more in
-/// mispredicted branches than they save.)
+/// Decodes chunks as long as neither the input nor the row can end in them: a block for a short
+/// chunk, what the longest takes for others. (Finer steps cost more in mispredicted branches than
+/// they save.)
 void DecodeFast(Cursor& cursor)
 {
-    constexpr std::ptrdiff_t kLongest = 128;
     const std::uint8_t* next = cursor.next;
-    std::uint8_t* row = cursor.row;
-    while (cursor.end - next >= kLongest + 1 + kBlock) {
+    std::uint8_t* out = cursor.out;
+    while (cursor.end - next >= kLongest + 1 + kBlock && out < cursor.pieceEnd) {
         const unsigned control = *next;
         if (control < kNothing) {
             const std::ptrdiff_t count = control + 1;
-            if (cursor.rowEnd - row < (count <= kBlock ? kBlock : kLongest))
+            if (cursor.rowEnd - out < count)
                 break;
-            std::memcpy(row, next + 1, kBlock);
+            std::memcpy(out, next + 1, kBlock);
             if (count > kBlock)
-                std::memcpy(row + kBlock, next + 1 + kBlock, kLongest - kBlock);
+                std::memcpy(out + kBlock, next + 1 + kBlock, kLongest - kBlock);
             next += 1 + count;
-            row += count;
+            out += count;
         } else if (control > kNothing) {
             const std::ptrdiff_t count = 257 - static_cast<std::ptrdiff_t>(control);
-            if (cursor.rowEnd - row < (count <= 16 ? 16 : kLongest))
+            if (cursor.rowEnd - out < count)
                 break;
-            std::memset(row, next[1], 16);
-            if (count > 16)
-                std::memset(row + 16, next[1], kLongest - 16);
+            std::memset(out, next[1], kFill);
+            if (count > kFill)
+                std::memset(out + kFill, next[1], kLongest - kFill);
             next += 2;
-            row += count;
+            out += count;
         } else {
             ++next;
         }
     }
     cursor.next = next;
-    cursor.row = row;
+    cursor.out = out;
 }
 
 /// Decodes one chunk that may be cut off or too long; the longest is at hand unless the input ends.
@@ -64,37 +72,63 @@ ImageResult DecodeChunk(Cursor& cursor)
         return ImageResult::Ok;
     const bool isRun = control > kNothing;
     const std::size_t count = isRun ? 257 - control : control + 1;
-    if (count > static_cast<std::size_t>(cursor.rowEnd - cursor.row))
+    const bool fits = count <= static_cast<std::size_t>(cursor.rowEnd - cursor.out);
+    // The byte of a run is used up even when the run is too long; of a literal nothing is.
+    if (!isRun && !fits)
         return ImageResult::TifFormatError;
+    const std::uint8_t* const bytes = cursor.next;
     const std::size_t taken = isRun ? 1 : count;
-    if (taken > static_cast<std::size_t>(cursor.end - cursor.next))
+    if (taken > static_cast<std::size_t>(cursor.end - bytes))
         return ImageResult::CantReadTif;
-    if (isRun)
-        std::memset(cursor.row, *cursor.next, count);
-    else
-        std::memcpy(cursor.row, cursor.next, count);
     cursor.next += taken;
-    cursor.row += count;
+    if (!fits)
+        return ImageResult::TifFormatError;
+    if (isRun)
+        std::memset(cursor.out, *bytes, count);
+    else
+        std::memcpy(cursor.out, bytes, count);
+    cursor.out += count;
     return ImageResult::Ok;
 }
 
 } // namespace
 
+CTIFReader::CDecoderPackbit::CDecoderPackbit(std::size_t bytesPerRow, TifStream& stream)
+    : CDecoder(bytesPerRow, stream),
+      m_piece(std::make_unique_for_overwrite<std::uint8_t[]>(kPiece + 2 * kLongest))
+{
+}
+
 ImageResult CTIFReader::CDecoderPackbit::DecodeLine(std::uint8_t* row)
 {
-    std::uint8_t* const rowEnd = row + m_uBytesPerRow;
+    std::size_t left = m_uBytesPerRow;
     ImageResult result = ImageResult::Ok;
-    while (row != rowEnd && result == ImageResult::Ok) {
+    while (left != 0 && result == ImageResult::Ok) {
+        const std::size_t count = DecodePiece(left, result);
+        CopyInPieces(row, m_piece.get(), count);
+        row += count;
+        left -= count;
+    }
+    return result;
+}
+
+/// Decodes some of the `left` bytes that a row still wants. Returns how many.
+std::size_t CTIFReader::CDecoderPackbit::DecodePiece(std::size_t left, ImageResult& result)
+{
+    const auto room = static_cast<std::ptrdiff_t>(std::min<std::size_t>(left, kPiece + kLongest));
+    std::uint8_t* const piece = m_piece.get();
+    Cursor cursor{nullptr, nullptr, piece, piece + std::min(room, kPiece), piece + room};
+    while (cursor.out < cursor.pieceEnd && result == ImageResult::Ok) {
         if (m_Stream.Ahead() < kLongestChunk)
             m_Stream.Refill();
-        Cursor cursor{m_Stream.Next(), m_Stream.Next() + m_Stream.Ahead(), row, rowEnd};
+        cursor.next = m_Stream.Next();
+        cursor.end = m_Stream.Next() + m_Stream.Ahead();
         result = DecodeChunk(cursor);
         if (result == ImageResult::Ok)
             DecodeFast(cursor);
         m_Stream.Skip(static_cast<std::size_t>(cursor.next - m_Stream.Next()));
-        row = cursor.row;
     }
-    return result;
+    return static_cast<std::size_t>(cursor.out - piece);
 }
 
 } // namespace vireo

@@ -194,8 +194,7 @@ ImageResult CTIFReader::FinishRow(std::uint8_t* row, ImageResult result) const
             result = ImageResult::UnsupportedTifFormat;
     }
     // The Huffman decoder makes white of 1 bits whatever the page says.
-    const bool isCcitt = m_Page.compression == TifCompression::kModifiedHuffman
-        || m_Page.compression == TifCompression::kGroup4;
+    const bool isCcitt = TifCompression::IsCcitt(m_Page.compression);
     if (m_eDepth == ColorDepth::Bilevel && m_Page.photometric == TifPage::kWhiteIsZero && !isCcitt)
         Invert(row, m_uRowBytes);
     return result;

@@ -232,13 +232,12 @@ std::uint16_t CTIFWriter::Photometric() const
     switch (m_depth) {
     case ColorDepth::Bilevel: {
         // The codes of white runs mean zeros to readers.
-        const bool isCcitt = m_settings.compression == TifCompression::kModifiedHuffman
-            || m_settings.compression == TifCompression::kGroup4;
-        return isCcitt ? kWhiteIsZero : kBlackIsZero;
+        const bool isCcitt = TifCompression::IsCcitt(m_settings.compression);
+        return isCcitt && m_settings.whiteIsZero.value_or(true) ? kWhiteIsZero : kBlackIsZero;
     }
     case ColorDepth::Gray8:
     case ColorDepth::Gray16:
-        return m_settings.whiteIsZero ? kWhiteIsZero : kBlackIsZero;
+        return m_settings.whiteIsZero.value_or(false) ? kWhiteIsZero : kBlackIsZero;
     case ColorDepth::Palette8:
         return kPalette;
     case ColorDepth::Rgb8:
@@ -289,9 +288,13 @@ void CTIFWriter::AddStripByteCounts(TifDirectory& directory) const
     directory.AddLongs(TifTag::StripByteCounts, counts);
 }
 
-/// All reds, all greens, all blues; the full scale of 8 bits becomes that of 16.
+/// All reds, all greens, all blues. The full scale of 8 bits becomes that of 16.
 void CTIFWriter::AddColorMap(TifDirectory& directory) const
 {
+    if (m_settings.colorMapValues) {
+        directory.AddShorts(TifTag::ColorMap, *m_settings.colorMapValues);
+        return;
+    }
     std::vector<std::uint16_t> values;
     for (const auto component :
         {&TifPage::Color::red, &TifPage::Color::green, &TifPage::Color::blue}) {

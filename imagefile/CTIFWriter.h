@@ -20,10 +20,15 @@ namespace vireo {
 struct TifSettings {
     std::uint16_t compression = TifCompression::kNone;
     std::uint16_t predictor = 1; ///< 2, horizontal differencing, goes with LZW only.
-    bool whiteIsZero = false;    ///< Of gray pictures: 0 is white. Changes no sample.
-    std::string description;     ///< Bytes; empty: none.
+    /// What readers are told of gray pictures, and of modified Huffman and Group 4: whether 0, or
+    /// the pixels of white runs, are white. Changes no sample. Nothing: black is 0, white runs are
+    /// white.
+    std::optional<bool> whiteIsZero;
+    std::string description; ///< Bytes; empty: none.
     /// Of pictures of depth Palette8, which must have it.
     std::optional<std::array<TifPage::Color, 256>> colorMap;
+    /// The same colours with 16 bits, as TifPage has them; nothing: made of `colorMap`.
+    std::optional<std::array<std::uint16_t, TifPage::kColorMapValues>> colorMapValues;
     CIccProfileReader* profile = nullptr; ///< Not owned; null: none.
     /// A profile that cannot be taken is a failure; else the picture is written without it.
     bool requiresProfile = true;

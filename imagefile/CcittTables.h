@@ -83,4 +83,75 @@ inline constexpr auto kWhiteRuns = ccitt::MakeRunTable(kWhiteTerminatingCodes, k
 inline constexpr auto kBlackRuns = ccitt::MakeRunTable(kBlackTerminatingCodes, kBlackMakeUpCodes);
 inline constexpr auto kModes = ccitt::MakeModeTable();
 
+/// What one look at the next bits gives when they are plain: the pixels of the run that is going
+/// on and, where the bits suffice, those of the next run, which has the other colour. Codes of no
+/// pixels at all are not plain, so that changes of colour ascend.
+struct CcittStep {
+    std::uint16_t first = 0;
+    std::uint8_t second = 0;
+    std::uint8_t bits : 4 = 0;  ///< How many are used up; 0: the bits are not plain.
+    std::uint8_t ended : 4 = 0; ///< How many runs end; 0: the first one goes on.
+};
+
+inline constexpr unsigned kStepBits = 12;
+using CcittStepTable = std::array<CcittStep, std::size_t{1} << kStepBits>;
+
+namespace ccitt {
+/// Reads a run from the first `there` of the bits. Returns how many bits it takes: 0 when they
+/// do not hold all of it, which leaves in `going` the bits of its make-up codes.
+constexpr unsigned ReadRun(const CcittTable<kRunTableBits>& table, std::size_t bits, unsigned there,
+    unsigned& run, unsigned& going)
+{
+    using Kind = CcittMeaning::Kind;
+    going = 0;
+    for (run = 0;;) {
+        const std::size_t index = (bits << going) & ((std::size_t{1} << kRunTableBits) - 1);
+        const CcittMeaning meaning = table[index];
+        const bool isPlain = meaning.kind == Kind::Terminating || meaning.kind == Kind::MakeUp;
+        if (!isPlain || going + meaning.bits > there)
+            return 0;
+        going += meaning.bits;
+        run += static_cast<unsigned>(meaning.value);
+        if (meaning.kind == Kind::Terminating)
+            return going;
+    }
+}
+
+constexpr CcittStep MakeStep(const CcittTable<kRunTableBits>& table,
+    const CcittTable<kRunTableBits>& otherTable, std::size_t bits)
+{
+    constexpr unsigned kMostSecond = 255, kBitsMask = 15;
+    unsigned first = 0, second = 0, going = 0;
+    const unsigned firstBits = ReadRun(table, bits, kStepBits, first, going);
+    CcittStep step;
+    if (firstBits != 0 && first == 0)
+        return step;
+    step.first = static_cast<std::uint16_t>(first);
+    if (firstBits == 0) {
+        step.bits = going & kBitsMask;
+        return step;
+    }
+    const unsigned secondBits =
+        ReadRun(otherTable, bits << firstBits, kStepBits - firstBits, second, going);
+    const bool hasSecond = secondBits != 0 && second != 0 && second <= kMostSecond;
+    step.bits = (firstBits + (hasSecond ? secondBits : 0)) & kBitsMask;
+    step.second = static_cast<std::uint8_t>(hasSecond ? second : 0);
+    step.ended = hasSecond ? 2 : 1;
+    return step;
+}
+
+constexpr CcittStepTable MakeStepTable(
+    const CcittTable<kRunTableBits>& table, const CcittTable<kRunTableBits>& otherTable)
+{
+    CcittStepTable steps;
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        steps[i] = MakeStep(table, otherTable, i << (kRunTableBits - kStepBits));
+    return steps;
+}
+} // namespace ccitt
+
+/// By the colour of the run that is going on: white, black.
+inline constexpr std::array<CcittStepTable, 2> kSteps = {
+    ccitt::MakeStepTable(kWhiteRuns, kBlackRuns), ccitt::MakeStepTable(kBlackRuns, kWhiteRuns)};
+
 } // namespace vireo

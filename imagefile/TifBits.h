@@ -24,6 +24,26 @@ inline void StoreBigEndian64(std::uint8_t* bytes, std::uint64_t value)
     std::memcpy(bytes, &value, sizeof(value));
 }
 
+/// The next bits of an input, highest first, in a register.
+struct BitWindow {
+    const std::uint8_t* next; ///< The first byte of which not all is in `bits`.
+    std::uint64_t bits = 0;
+    unsigned have = 0; ///< Valid bits; below them may be more of the input.
+
+    /// Puts at least 56 bits at hand, without a branch. Reads 8 bytes and uses up to 7.
+    void Refill()
+    {
+        bits |= LoadBigEndian64(next) >> have;
+        next += (63 - have) / 8;
+        have |= 56;
+    }
+    void Drop(unsigned count)
+    {
+        bits <<= count;
+        have -= count;
+    }
+};
+
 /// Copies bytes that do not overlap, in pieces that the C library copies with vector instructions.
 /// Larger ones it gives to the processor's string copy, which on some processors goes at 2.3
 /// instead of 10 GB/s where the target's place in its page is up to 64 bytes ahead of the source's.

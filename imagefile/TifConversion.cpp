@@ -7,8 +7,6 @@
 #include "platform/Text.h"
 #include "platform/WorkProgress.h"
 
-#include <algorithm>
-#include <array>
 #include <random>
 #include <system_error>
 #include <utility>
@@ -57,11 +55,11 @@ public:
     {
         ChooseForm(depth);
         ChooseProfile();
-        m_settings.whiteIsZero = Reader().Photometric() == TifPage::kWhiteIsZero;
+        ChooseSense(depth);
         m_settings.description = Reader().Description();
         if (Reader().ColorMapEntries() != 0) {
-            m_settings.colorMap.emplace();
-            std::ranges::copy(Reader().ColorMap(), m_settings.colorMap->begin());
+            m_settings.colorMap = Reader().Entries().colorMap;
+            m_settings.colorMapValues = Reader().Entries().colorMapValues;
         }
         return CLittleEndianFilter::BeginImage(
             depth, width, height, resolution, reserved1, reserved2);
@@ -70,12 +68,28 @@ public:
 private:
     void ChooseForm(ColorDepth depth)
     {
+        const bool keepsForm = !m_conversion.compression;
         m_settings.compression = m_conversion.compression.value_or(Reader().Compression());
-        // What a page may say and a writer does not is not carried over.
-        const bool keepsPredictor = !m_conversion.compression
-            && m_settings.compression == TifCompression::kLzw && depth != ColorDepth::Palette8;
+        // What a page may be and a writer does not make is written the plain way.
+        const bool isWide = depth == ColorDepth::Gray16 || depth == ColorDepth::Rgb16;
+        if (keepsForm && isWide && m_settings.compression == TifCompression::kPackBits)
+            m_settings.compression = TifCompression::kNone;
+        const bool keepsPredictor = keepsForm && m_settings.compression == TifCompression::kLzw
+            && depth != ColorDepth::Palette8;
         m_settings.predictor =
             m_conversion.predictor.value_or(keepsPredictor ? Reader().Predictor() : 1);
+    }
+
+    /// Gray samples keep their meaning. So do runs, of which the reader makes white pixels whatever
+    /// the page says, when they become runs again.
+    void ChooseSense(ColorDepth depth)
+    {
+        const bool isBilevel = depth == ColorDepth::Bilevel;
+        const std::uint16_t photometric = Reader().Photometric();
+        if (!isBilevel
+            || (TifCompression::IsCcitt(Reader().Compression())
+                && photometric != TifPage::kNoPhotometric))
+            m_settings.whiteIsZero = photometric == TifPage::kWhiteIsZero;
     }
 
     void ChooseProfile()

@@ -16,7 +16,6 @@ namespace {
 constexpr std::uint32_t kMaxDescriptionBytes = 1024 * 1024;
 constexpr std::size_t kEntryBytes = 12;
 constexpr std::size_t kValueFieldOffset = 8; ///< In an entry.
-constexpr std::uint32_t kColorMapValues = 768;
 
 using Tag = TifTag;
 using Type = TifType;
@@ -295,19 +294,21 @@ std::uint8_t ColorByte(std::uint16_t value)
 
 ImageResult PageParser::TakeColorMap(const Entry& entry)
 {
-    if (entry.type != Type::Short || entry.count != kColorMapValues
+    if (entry.type != Type::Short || entry.count != TifPage::kColorMapValues
         || m_page.depth != ColorDepth::Gray8)
         return ImageResult::TifFormatError;
-    std::array<std::uint8_t, 2 * kColorMapValues> bytes;
+    std::array<std::uint8_t, 2 * TifPage::kColorMapValues> bytes;
     if (!ReadAll(entry.value, bytes))
         return ImageResult::CantReadTif;
     ByteReader reader(bytes, m_order);
-    for (TifPage::Color& color : m_page.colorMap)
-        color.red = ColorByte(*reader.ReadU16());
-    for (TifPage::Color& color : m_page.colorMap)
-        color.green = ColorByte(*reader.ReadU16());
-    for (TifPage::Color& color : m_page.colorMap)
-        color.blue = ColorByte(*reader.ReadU16());
+    for (std::uint16_t& value : m_page.colorMapValues)
+        value = *reader.ReadU16();
+    const std::size_t colors = m_page.colorMap.size();
+    for (std::size_t i = 0; i < colors; ++i) {
+        m_page.colorMap[i] = {ColorByte(m_page.colorMapValues[i]),
+            ColorByte(m_page.colorMapValues[colors + i]),
+            ColorByte(m_page.colorMapValues[2 * colors + i])};
+    }
     m_page.depth = ColorDepth::Palette8;
     m_page.colorMapEntries = static_cast<std::uint32_t>(m_page.colorMap.size());
     return ImageResult::Ok;

@@ -7,6 +7,7 @@
 #include "platform/PositionalFile.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -21,6 +22,12 @@ inline constexpr std::uint16_t kGroup3 = 3; ///< Refused.
 inline constexpr std::uint16_t kGroup4 = 4;
 inline constexpr std::uint16_t kLzw = 5;
 inline constexpr std::uint16_t kPackBits = 32773;
+
+/// Whether it codes runs of white and black pixels.
+constexpr bool IsCcitt(std::uint16_t compression)
+{
+    return compression == kModifiedHuffman || compression == kGroup4;
+}
 } // namespace TifCompression
 
 /// What the entries of one page say.
@@ -30,6 +37,8 @@ struct TifPage {
     static constexpr std::uint16_t kWhiteIsZero = 0;
     static constexpr std::uint16_t kNoPhotometric = 0xffff; ///< The page does not say.
     static constexpr std::uint16_t kHorizontalDifferencing = 2;
+
+    static constexpr std::size_t kColorMapValues = 768;
 
     struct Color {
         std::uint8_t red = 0, green = 0, blue = 0;
@@ -46,6 +55,8 @@ struct TifPage {
     std::uint32_t resolution = 0;      ///< Dots per inch; 0: not known.
     std::uint32_t colorMapEntries = 0; ///< 0 or 256.
     std::array<Color, 256> colorMap;
+    /// The colour map as it stands in the file: all reds, all greens, all blues.
+    std::array<std::uint16_t, kColorMapValues> colorMapValues;
     std::string description; ///< Bytes as stored.
     TifStripTable strips;
 
