@@ -101,7 +101,7 @@ void AddSweepOption(CLI::App& command, Settings& settings)
 void AddUnitOption(CLI::App& command, Settings& settings)
 {
     const auto take = [&settings](const std::string& name) {
-        settings.unit = NoiseUnitFromName(name);
+        settings.unit = UnitFromName(name);
         if (!settings.unit)
             throw CLI::ValidationError("--unit", "must be one of SU, Inch, CM, not " + name);
     };

@@ -3,8 +3,8 @@
 #include "app/FileKind.h"
 #include "cli/CommandLineReader.h"
 #include "imagefile/TifConversion.h"
+#include "viewers/controls/PositionUnit.h"
 #include "viewers/controls/ProfileLine.h"
-#include "viewers/noise/NoiseUnit.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -42,7 +42,7 @@ struct Settings {
     PaperSize paper = PaperSize::A4;
     std::optional<int> camera;         ///< 0 for A; else the whole line is shown.
     std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.
-    std::optional<NoiseUnit> unit;     ///< Of positions on a noise line; else the viewer's.
+    std::optional<PositionUnit> unit;  ///< Of positions on a noise line; else the viewer's.
     int zoom = 1;
     std::optional<std::int64_t> sweep; ///< 0-based; else the one that the viewer begins with.
     std::optional<int> view;           ///< In kinds that have several; else the first.

@@ -87,6 +87,12 @@ HeaderResult TestFileHeader::Load(const PositionalFile& file)
     return HeaderResult::Ok;
 }
 
+void TestFileHeader::LoadProbe(const PositionalFile& file)
+{
+    std::array<std::uint8_t, kProbeBytes> bytes{};
+    SetText(ReadStart(file, bytes));
+}
+
 std::int32_t TestFileHeader::DataOffset() const
 {
     const std::size_t equals = m_text.find('=');

@@ -60,6 +60,9 @@ public:
     /// the offset says. The text is empty unless the result is Ok.
     HeaderResult Load(const PositionalFile& file);
 
+    /// Takes the first 100 bytes of a file, by which it is recognised.
+    void LoadProbe(const PositionalFile& file);
+
     /// The integer of the 10 characters behind the first '='; 0 when there is none. Not checked
     /// against any file.
     std::int32_t DataOffset() const;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/json/FileResult.h"
-#include "viewers/noise/NoiseUnit.h"
+#include "viewers/controls/PositionUnit.h"
 
 #include <cstdint>
 #include <optional>
@@ -13,9 +13,9 @@ struct Subject;
 /// What an analysis can be asked for besides the file.
 struct AnalyseSettings {
     std::int64_t line = 0; ///< 0-based; the line whose figures are told, in kinds that have lines.
-    std::optional<NoiseUnit> unit; ///< Of positions on a noise line; else the viewer's.
-    bool arrays = false;           ///< Tell whole curves, not only their figures.
-    bool hashes = true;            ///< Of pixels; without them the figures are there sooner.
+    std::optional<PositionUnit> unit; ///< Of positions on a noise line; else the viewer's.
+    bool arrays = false;              ///< Tell whole curves, not only their figures.
+    bool hashes = true;               ///< Of pixels; without them the figures are there sooner.
 };
 
 /// Every figure that the viewer of the file's kind shows. A kind that cannot be analysed gives a

@@ -4,6 +4,7 @@
 #include "cli/json/Json.h"
 #include "cli/json/Subject.h"
 #include "viewers/noise/NoiseData.h"
+#include "viewers/noise/NoiseRuler.h"
 #include "viewers/noise/NoiseView.h"
 
 namespace vireo {
@@ -71,7 +72,7 @@ FileResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings)
     NoiseData data;
     if (const NoiseResult result = data.Read(subject.path); result != NoiseResult::Ok)
         return {{}, data.DescribeFailure(result)};
-    const NoiseUnit unit = settings.unit ? *settings.unit : ReadUnitSetting();
+    const PositionUnit unit = settings.unit ? *settings.unit : ReadUnitSetting();
     Json object = BeginObject(subject);
     object["line_length"] = data.m_iLineLength;
     object["has_color"] = data.m_bHasColour;
@@ -79,7 +80,7 @@ FileResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings)
     object["averages"] = Averages(data);
     object["width_factor"] = data.m_dWidthFactor;
     object["scanner_name"] = FileText(data.m_ScannerName);
-    object["unit"] = NoiseUnitName(unit);
+    object["unit"] = UnitName(unit);
     object["marks"] = MarksOfPlanes(data, {data.m_iLineLength, data.m_dWidthFactor, unit});
     return {ToLine(object), {}};
 }

@@ -98,6 +98,7 @@ ValueRange<Value> RangePyramid<Value>::Range(
 }
 
 template class RangePyramid<std::uint8_t>;
+template class RangePyramid<std::int32_t>;
 template class RangePyramid<double>;
 
 } // namespace vireo

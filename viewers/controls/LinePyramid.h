@@ -28,8 +28,8 @@ struct ValueRange {
 
 using SampleRange = ValueRange<std::uint8_t>;
 
-/// A summary of a line of samples, 8-bit or double, that finds the lowest and highest value of any
-/// stretch in a time that does not grow with its length: level 0 holds the range of every 16
+/// A summary of a line of samples, 8-bit, 32-bit or double, that finds the lowest and highest value
+/// of any stretch in a time that does not grow with its length: level 0 holds the range of every 16
 /// samples, each further level that of every 16 of the level below. The samples are not owned.
 template <typename Value>
 class RangePyramid {
@@ -49,6 +49,7 @@ private:
 
 using LinePyramid = RangePyramid<std::uint8_t>;
 extern template class RangePyramid<std::uint8_t>;
+extern template class RangePyramid<std::int32_t>;
 extern template class RangePyramid<double>;
 
 } // namespace vireo

@@ -52,17 +52,53 @@ int ProfileCameras::Count() const
     return count;
 }
 
+bool ProfileLine::IsWide() const
+{
+    return std::ranges::any_of(
+        widePlanes, [](const WideTrace& trace) { return !trace.samples.empty(); });
+}
+
+bool ProfileLine::HasPlane(Plane plane) const
+{
+    return !Of(plane).samples.empty() || !WideOf(plane).samples.empty();
+}
+
 std::int64_t ProfileLine::Length() const
 {
     std::size_t length = 0;
     for (const Trace& trace : planes)
         length = std::max(length, trace.samples.size());
+    for (const WideTrace& trace : widePlanes)
+        length = std::max(length, trace.samples.size());
     return static_cast<std::int64_t>(length);
+}
+
+std::optional<std::int32_t> ProfileLine::ValueAt(Plane plane, std::int64_t pixel) const
+{
+    const auto index = static_cast<std::size_t>(pixel);
+    if (pixel >= 0 && index < Of(plane).samples.size())
+        return Of(plane).samples[index];
+    if (pixel >= 0 && index < WideOf(plane).samples.size())
+        return WideOf(plane).samples[index];
+    return std::nullopt;
+}
+
+ValueRange<std::int32_t> ProfileLine::RangeOf(
+    Plane plane, std::int64_t first, std::int64_t end) const
+{
+    const WideTrace& wide = WideOf(plane);
+    if (!wide.samples.empty())
+        return wide.pyramid.Range(wide.samples, first, end);
+    const SampleRange range = Of(plane).pyramid.Range(Of(plane).samples, first, end);
+    return range.IsEmpty() ? ValueRange<std::int32_t>()
+                           : ValueRange<std::int32_t>{range.lowest, range.highest};
 }
 
 void ProfileLine::Summarise()
 {
     for (Trace& trace : planes)
+        trace.pyramid.Build(trace.samples);
+    for (WideTrace& trace : widePlanes)
         trace.pyramid.Build(trace.samples);
     for (ExtraTrace& extra : extras)
         extra.trace.pyramid.Build(extra.trace.samples);

@@ -41,14 +41,20 @@ struct ProfileCameras {
     static char Letter(int camera) { return static_cast<char>('A' + camera); }
 };
 
-/// One scan line of up to three planes with the summaries that drawing needs. Further traces can be
-/// drawn under it (the five extra planes of an MTF file).
+/// One scan line of up to three planes, of 8-bit or of signed 32-bit samples, with the summaries
+/// that drawing needs. Further traces can be drawn under it (the five extra planes of an MTF file).
 struct ProfileLine {
-    struct Trace {
-        std::vector<std::uint8_t> samples;
-        LinePyramid pyramid;
+    template <typename Value>
+    struct TraceWith {
+        std::vector<Value> samples;
+        RangePyramid<Value> pyramid;
     };
+    using Trace = TraceWith<std::uint8_t>;
+    using WideTrace = TraceWith<std::int32_t>;
+
     std::array<Trace, 3> planes; ///< By Plane; a gray line has its one plane in Green.
+    /// The same of a line of 32-bit samples, whose 8-bit planes are empty.
+    std::array<WideTrace, 3> widePlanes;
     struct ExtraTrace {
         std::string name;
         Trace trace;
@@ -57,8 +63,21 @@ struct ProfileLine {
 
     const Trace& Of(Plane plane) const { return planes[static_cast<std::size_t>(plane)]; }
     Trace& Of(Plane plane) { return planes[static_cast<std::size_t>(plane)]; }
+    const WideTrace& WideOf(Plane plane) const
+    {
+        return widePlanes[static_cast<std::size_t>(plane)];
+    }
+
+    bool IsWide() const;
+    bool HasPlane(Plane plane) const;
     /// Pixels in the line: the longest plane's.
     std::int64_t Length() const;
+    /// The sample of a plane at a pixel; nothing where there is none.
+    std::optional<std::int32_t> ValueAt(Plane plane, std::int64_t pixel) const;
+    /// Lowest and highest sample of the pixels first <= i < end of a plane; empty where there are
+    /// none.
+    ValueRange<std::int32_t> RangeOf(Plane plane, std::int64_t first, std::int64_t end) const;
+
     /// Builds the pyramids; call after filling the samples.
     void Summarise();
 };

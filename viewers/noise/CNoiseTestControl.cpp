@@ -23,7 +23,7 @@ void CNoiseTestControl::SetData(const NoiseData* record)
     ZoomAll();
 }
 
-void CNoiseTestControl::SetUnit(NoiseUnit unit)
+void CNoiseTestControl::SetUnit(PositionUnit unit)
 {
     m_content.unit = unit;
     Redraw();

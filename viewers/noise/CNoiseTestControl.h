@@ -24,7 +24,7 @@ public:
     /// The record to draw, which must be summarised and live until the next call; null draws an
     /// empty plot. Shows the whole line.
     void SetData(const NoiseData* record);
-    void SetUnit(NoiseUnit unit);
+    void SetUnit(PositionUnit unit);
 
     const NoisePlotContent& Content() const { return m_content; }
     const NoiseView& View() const { return m_view; }

@@ -9,7 +9,8 @@ namespace vireo {
 
 namespace {
 
-constexpr NoiseUnit kUnits[] = {NoiseUnit::ScanUnit, NoiseUnit::Inch, NoiseUnit::Centimetre};
+constexpr PositionUnit kUnits[] = {
+    PositionUnit::ScanUnit, PositionUnit::Inch, PositionUnit::Centimetre};
 
 } // namespace
 
@@ -39,14 +40,14 @@ void CNoiseTest_SM_Dialog::OnInitDialog()
     // Saving is left to the menu, and a rescan needs a scanner.
     m_ui->saveButton->hide();
     m_ui->rescanButton->hide();
-    const NoiseUnit unit = ReadUnitSetting();
+    const PositionUnit unit = ReadUnitSetting();
     UnitButton(unit).setChecked(true);
     m_ui->plot->SetUnit(unit);
 }
 
 void CNoiseTest_SM_Dialog::SetUpCommands()
 {
-    for (const NoiseUnit unit : kUnits)
+    for (const PositionUnit unit : kUnits)
         connect(&UnitButton(unit), &QRadioButton::clicked, this, [this, unit] { OnUnit(unit); });
     connect(m_ui->zoomAllButton, &QAbstractButton::clicked, this, &CNoiseTest_SM_Dialog::OnZoomAll);
     connect(m_ui->printButton, &QAbstractButton::clicked, this, &CNoiseTest_SM_Dialog::OnPrint);
@@ -55,20 +56,20 @@ void CNoiseTest_SM_Dialog::SetUpCommands()
     connect(m_ui->exitButton, &QAbstractButton::clicked, this, &QDialog::reject);
 }
 
-QRadioButton& CNoiseTest_SM_Dialog::UnitButton(NoiseUnit unit) const
+QRadioButton& CNoiseTest_SM_Dialog::UnitButton(PositionUnit unit) const
 {
     switch (unit) {
-    case NoiseUnit::ScanUnit:
+    case PositionUnit::ScanUnit:
         return *m_ui->scanUnitButton;
-    case NoiseUnit::Inch:
+    case PositionUnit::Inch:
         return *m_ui->inchButton;
-    case NoiseUnit::Centimetre:
+    case PositionUnit::Centimetre:
         break;
     }
     return *m_ui->centimetreButton;
 }
 
-void CNoiseTest_SM_Dialog::OnUnit(NoiseUnit unit)
+void CNoiseTest_SM_Dialog::OnUnit(PositionUnit unit)
 {
     if (!HasFile()) {
         UnitButton(m_ui->plot->Content().unit).setChecked(true);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "viewers/controls/PositionUnit.h"
 #include "viewers/noise/CNoiseBase_Dialog.h"
-#include "viewers/noise/NoiseUnit.h"
 
 #include <memory>
 
@@ -34,8 +34,8 @@ protected:
 private:
     int Limit() const;
     void SetUpCommands();
-    QRadioButton& UnitButton(NoiseUnit unit) const;
-    void OnUnit(NoiseUnit unit);
+    QRadioButton& UnitButton(PositionUnit unit) const;
+    void OnUnit(PositionUnit unit);
     void OnZoomAll();
 
     std::unique_ptr<Ui::CNoiseTest_SM_Dialog> m_ui;

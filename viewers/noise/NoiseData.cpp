@@ -1,6 +1,8 @@
 #include "viewers/noise/NoiseData.h"
 
 #include "platform/AtomicFile.h"
+#include "testfile/NoiseLayout.h"
+#include "viewers/controls/PositionUnit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,11 +11,6 @@
 namespace vireo {
 
 namespace {
-
-/// "ScannerWidth(1/1200)" of one unit of scan width: 4.24 inches of 1200.
-constexpr double kScannerWidthPerUnit = 5088.0;
-constexpr std::uint64_t kTrailerBytes = 44;
-constexpr std::int64_t kColourPlanes = 3;
 
 /// The rounded mean of a plane.
 int AverageOf(std::span<const std::uint8_t> samples)
@@ -28,30 +25,6 @@ int AverageOf(std::span<const std::uint8_t> samples)
         sum += std::accumulate(piece.begin(), piece.end(), std::uint32_t{0});
     }
     return static_cast<int>((sum + samples.size() / 2) / samples.size());
-}
-
-bool IsColourFile(
-    const TestFileHeader& header, std::optional<std::int64_t> lineLength, std::int64_t dataLength)
-{
-    const HeaderValue<int> color = header.Color();
-    if (color.value == TestFileHeader::kColorInterleaved
-        || color.value == TestFileHeader::kColorAll)
-        return true;
-    if (color.value == TestFileHeader::kColorGray)
-        return false;
-    const HeaderValue<bool> scanner = header.ColorScanner();
-    if (!color.found && scanner.found)
-        return scanner.value;
-    // One colour, or none named: the data tell how many planes there are.
-    return lineLength && *lineLength > 0 && dataLength / kColourPlanes >= *lineLength;
-}
-
-std::optional<std::int64_t> AnnouncedLength(const TestFileHeader& header)
-{
-    for (const HeaderValue<int>& value : {header.Length(), header.Width()})
-        if (value.found)
-            return value.value;
-    return std::nullopt;
 }
 
 } // namespace
@@ -82,26 +55,14 @@ NoiseResult NoiseData::ReadForm(const PositionalFile& file)
     if (binary != NoiseResult::WrongKind || m_headerStatus == HeaderResult::Ok)
         return binary;
     // Neither form: a file that says it is a noise test is told what is wrong with its header.
-    std::string probe(TestFileHeader::kProbeBytes, '\0');
-    probe.resize(file.ReadAt(0, {reinterpret_cast<std::uint8_t*>(probe.data()), probe.size()}));
-    header.SetText(probe);
+    header.LoadProbe(file);
     return header.IsNoiseTest() ? NoiseResult::BadHeader : NoiseResult::WrongKind;
 }
 
 NoiseResult NoiseData::ReadText(const PositionalFile& file, const TestFileHeader& header)
 {
     ReadHeaderValues(header);
-    Layout layout;
-    layout.offset = static_cast<std::uint64_t>(header.DataOffset());
-    layout.dataLength = file.Size() - layout.offset;
-    const auto dataLength = static_cast<std::int64_t>(layout.dataLength);
-    const auto announced = AnnouncedLength(header);
-    m_bHasColour = IsColourFile(header, announced, dataLength);
-    layout.lineLength = announced.value_or(dataLength / (m_bHasColour ? kColourPlanes : 1));
-    layout.planeBytes = layout.lineLength;
-    m_bHasGray = m_bHasColour && layout.lineLength > 0
-        && dataLength / (kColourPlanes + 1) >= layout.lineLength;
-    return ReadPlanes(file, layout);
+    return ReadPlanes(file, NoiseLayout::Of(header, file.Size()));
 }
 
 void NoiseData::ReadHeaderValues(const TestFileHeader& header)
@@ -122,41 +83,23 @@ NoiseResult NoiseData::ReadBinary(const PositionalFile& file)
     OldFileHeader header;
     if (!header.Load(file) || header.type != OldFileHeader::kTypeNoise)
         return NoiseResult::WrongKind;
-    m_bHasColour = header.colorFlag == 1;
-    Layout layout;
-    layout.offset = OldFileHeader::kBytes;
-    layout.lineLength = header.width;
-    layout.dataLength = file.Size() - layout.offset;
-    layout.planeBytes = layout.lineLength;
-    if (m_bHasColour) {
-        layout.dataLength -= std::min(layout.dataLength, kTrailerBytes);
-        layout.planeBytes = static_cast<std::int64_t>(layout.dataLength) / kColourPlanes;
-    }
+    const NoiseLayout layout = NoiseLayout::Of(header, file.Size());
     const NoiseResult result = ReadPlanes(file, layout);
-    if (result == NoiseResult::Ok) {
-        const std::int64_t planes = m_bHasColour ? kColourPlanes : 1;
-        ReadTrailer(file, layout.offset + static_cast<std::uint64_t>(planes * layout.planeBytes));
-    }
+    if (result == NoiseResult::Ok)
+        m_ScannerName = ReadTrailerName(file, layout.TrailerOffset());
     return result;
 }
 
-void NoiseData::ReadTrailer(const PositionalFile& file, std::uint64_t offset)
+NoiseResult NoiseData::ReadPlanes(const PositionalFile& file, const NoiseLayout& layout)
 {
-    std::string trailer(kTrailerBytes, '\0');
-    file.ReadAt(offset, {reinterpret_cast<std::uint8_t*>(trailer.data()), trailer.size()});
-    trailer.back() = '\0'; // A name without an end has 43 characters.
-    // A line end in the name would begin another line of a header that is saved later.
-    m_ScannerName = trailer.substr(0, trailer.find_first_of(std::string_view("\0\r\n", 3)));
-}
-
-NoiseResult NoiseData::ReadPlanes(const PositionalFile& file, const Layout& layout)
-{
+    m_bHasColour = layout.hasColour;
+    m_bHasGray = layout.hasGray;
     if (layout.lineLength < 0)
         return NoiseResult::BadLength;
     // Both are far from overflowing: a length comes from a 32-bit number or the file's own size.
     if (layout.lineLength > layout.planeBytes
         || static_cast<std::uint64_t>(layout.lineLength)
-            > layout.dataLength / (m_bHasColour ? kColourPlanes : 1))
+            > layout.dataLength / (m_bHasColour ? NoiseLayout::kColourPlanes : 1))
         return NoiseResult::TooShort;
     if (layout.lineLength > kMaxPixels)
         return NoiseResult::TooLarge;

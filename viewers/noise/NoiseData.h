@@ -14,6 +14,8 @@
 
 namespace vireo {
 
+struct NoiseLayout;
+
 /// What came of reading a noise test file.
 enum class [[nodiscard]] NoiseResult{
     Ok, CantOpen,
@@ -93,20 +95,11 @@ public:
     std::vector<ShownColour> Planes() const;
 
 private:
-    /// Where a file has what.
-    struct Layout {
-        std::uint64_t offset = 0;     ///< Of the first plane.
-        std::int64_t planeBytes = 0;  ///< From the start of one plane to that of the next.
-        std::int64_t lineLength = 0;  ///< As announced, unchecked.
-        std::uint64_t dataLength = 0; ///< Bytes from the offset to the end of the file.
-    };
-
     NoiseResult ReadForm(const PositionalFile& file);
     NoiseResult ReadText(const PositionalFile& file, const TestFileHeader& header);
     NoiseResult ReadBinary(const PositionalFile& file);
     void ReadHeaderValues(const TestFileHeader& header);
-    void ReadTrailer(const PositionalFile& file, std::uint64_t offset);
-    NoiseResult ReadPlanes(const PositionalFile& file, const Layout& layout);
+    NoiseResult ReadPlanes(const PositionalFile& file, const NoiseLayout& layout);
     NoisePlane& Slot(ShownColour colour);
 
     std::filesystem::path m_path;

@@ -2,7 +2,7 @@
 
 #include "viewers/controls/LineTable.h"
 #include "viewers/noise/NoiseData.h"
-#include "viewers/noise/NoiseUnit.h"
+#include "viewers/noise/NoiseRuler.h"
 
 namespace vireo {
 
@@ -22,7 +22,7 @@ std::string Heading(const NoiseData& data)
 
 FileStatus ExportNoiseAsCsv(const std::filesystem::path& target, const NoiseData& data)
 {
-    const NoiseRuler ruler{data.m_iLineLength, data.m_dWidthFactor, NoiseUnit::Centimetre};
+    const NoiseRuler ruler{data.m_iLineLength, data.m_dWidthFactor, PositionUnit::Centimetre};
     const std::vector<ShownColour> planes = data.Planes();
     const auto appendRows = [&](std::string& text, std::int64_t first, std::int64_t count) {
         for (std::int64_t pixel = first; pixel < first + count; ++pixel) {

@@ -2,7 +2,7 @@
 
 #include "viewers/controls/ProfileView.h"
 #include "viewers/noise/NoiseData.h"
-#include "viewers/noise/NoiseUnit.h"
+#include "viewers/noise/NoiseRuler.h"
 
 #include <cstdint>
 #include <functional>

@@ -93,7 +93,7 @@ private:
     void DrawPositionAxes()
     {
         m_furniture.DrawPositionAxis(
-            {std::string(NoiseUnitSymbol(m_content.unit)), m_content.Ruler().PositionOf(1.0), 0});
+            {std::string(UnitSymbol(m_content.unit)), m_content.Ruler().PositionOf(1.0), 0});
         m_furniture.DrawPositionAxis({"px", 1.0, 1});
     }
 
@@ -256,7 +256,7 @@ void DrawNoiseCursor(
     const auto index = static_cast<double>(pixel);
     const int value = plane->trace.samples[static_cast<std::size_t>(pixel)];
     const std::string text = Format("%.2f %s   px %lld   %d", content.Ruler().PositionOf(index),
-        std::string(NoiseUnitSymbol(content.unit)).c_str(), static_cast<long long>(pixel), value);
+        std::string(UnitSymbol(content.unit)).c_str(), static_cast<long long>(pixel), value);
     DrawPlotCursor(painter, scale, QPointF(scale.XAt(index + 0.5), scale.YAt(value)),
         QString::fromStdString(text));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "viewers/controls/ProfileView.h"
-#include "viewers/noise/NoiseUnit.h"
+#include "viewers/noise/NoiseRuler.h"
 
 #include <QRectF>
 #include <QSizeF>
@@ -21,7 +21,7 @@ class NoiseData;
 struct NoisePlotContent {
     const NoiseData* data = nullptr;
     ProfileView view; ///< The stretch drawn.
-    NoiseUnit unit = NoiseUnit::Centimetre;
+    PositionUnit unit = PositionUnit::Centimetre;
 
     NoiseRuler Ruler() const;
 };

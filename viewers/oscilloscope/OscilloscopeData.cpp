@@ -3,6 +3,7 @@
 #include "platform/ByteReader.h"
 #include "platform/Text.h"
 #include "testfile/TestFileHeader.h"
+#include "viewers/controls/PositionUnit.h"
 
 #include <algorithm>
 #include <numeric>
@@ -11,10 +12,6 @@ namespace vireo {
 
 namespace {
 
-constexpr double kInchesPerWidthUnit = 4.24;
-constexpr double kMillimetresPerInch = 25.4;
-/// "ScannerWidth(1/1200)" of one unit of scan width: 4.24 inches of 1200.
-constexpr double kScannerWidthPerUnit = 5088.0;
 /// Statistics are taken in pieces of this many pixels: large enough to read at full speed, small
 /// enough to stay in the processor's cache.
 constexpr std::int64_t kPiecePixels = 64 * 1024;
@@ -54,10 +51,8 @@ OscilloscopeResult OscilloscopeData::Read(const std::filesystem::path& path, Osc
 /// Tells the kind by the tags of the first bytes; a tag further on is a value's.
 OscilloscopeResult OscilloscopeData::ReadKind()
 {
-    std::string probe(TestFileHeader::kProbeBytes, '\0');
-    probe.resize(m_file.ReadAt(0, {reinterpret_cast<std::uint8_t*>(probe.data()), probe.size()}));
     TestFileHeader header;
-    header.SetText(probe);
+    header.LoadProbe(m_file);
     if (header.IsKitbag())
         return OscilloscopeResult::IsKitbag;
     if (header.IsNoiseTest())

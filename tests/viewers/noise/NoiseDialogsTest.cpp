@@ -2,10 +2,10 @@
 #include "platform/PrivateProfile.h"
 #include "tests/TempFolder.h"
 #include "tests/viewers/noise/NoiseFiles.h"
+#include "viewers/controls/PositionUnit.h"
 #include "viewers/noise/CNCTest_Dialog.h"
 #include "viewers/noise/CNoiseTestControl.h"
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
-#include "viewers/noise/NoiseUnit.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -111,7 +111,7 @@ TEST_F(NoiseDialogsTest, TheUnitIsKeptForTheNextTime)
 {
     OpenColour();
     Click("inchButton");
-    EXPECT_EQ(Plot().Content().unit, NoiseUnit::Inch);
+    EXPECT_EQ(Plot().Content().unit, PositionUnit::Inch);
     EXPECT_EQ(KeptUnit(), "Inch");
     OpenColour();
     EXPECT_TRUE(Button("inchButton").isChecked());
@@ -125,7 +125,7 @@ TEST_F(NoiseDialogsTest, TheUnitButtonsDoNothingWithoutAFile)
 {
     Open<CNoiseTest_SM_Dialog>("not a noise test");
     Click("inchButton");
-    EXPECT_EQ(Plot().Content().unit, NoiseUnit::Centimetre);
+    EXPECT_EQ(Plot().Content().unit, PositionUnit::Centimetre);
     EXPECT_TRUE(Button("centimetreButton").isChecked());
     EXPECT_EQ(KeptUnit(), "none");
 }

@@ -91,7 +91,8 @@ TEST(NoiseMarkLayoutTest, LabelsNeverCoverEachOtherNorLeaveThePlot)
     const NoiseLabelMetrics metrics{
         [](const std::string& text) { return 7.0 * static_cast<double>(text.size()); }, 14.0};
     const auto marks = PlaceNoiseMarks(plane, scale);
-    const auto labels = PlaceNoiseLabels(marks, {3000, 8.5, NoiseUnit::ScanUnit}, scale, metrics);
+    const auto labels =
+        PlaceNoiseLabels(marks, {3000, 8.5, PositionUnit::ScanUnit}, scale, metrics);
     EXPECT_GT(labels.size(), 40U);
     for (std::size_t i = 0; i < labels.size(); ++i) {
         EXPECT_GE(labels[i].left, scale.left);
@@ -116,7 +117,7 @@ TEST(NoiseMarkLayoutTest, LabelsStandBelowTheirTrianglesWhereThereIsRoom)
     const ProfileScale scale = ScaleOver(plane, 1000.0);
     const NoiseLabelMetrics metrics{[](const std::string&) { return 20.0; }, 14.0};
     const auto labels = PlaceNoiseLabels(
-        PlaceNoiseMarks(plane, scale), {1000, 8.5, NoiseUnit::Inch}, scale, metrics);
+        PlaceNoiseMarks(plane, scale), {1000, 8.5, PositionUnit::Inch}, scale, metrics);
     ASSERT_EQ(labels.size(), 3U);
     EXPECT_DOUBLE_EQ(labels[0].top, 20.0 + (255 - 2) * 2.0 - 2.0 - 14.0);
     EXPECT_DOUBLE_EQ(labels[1].top, 20.0 + (255 - 50) * 2.0 + 22.0);

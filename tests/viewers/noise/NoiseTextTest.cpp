@@ -2,8 +2,8 @@
 #include "tests/viewers/noise/NoiseFiles.h"
 #include "viewers/noise/NoiseData.h"
 #include "viewers/noise/NoiseExport.h"
+#include "viewers/noise/NoiseRuler.h"
 #include "viewers/noise/NoiseText.h"
-#include "viewers/noise/NoiseUnit.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace vireo {
 namespace {
 
 struct LabelCase {
-    NoiseUnit unit;
+    PositionUnit unit;
     std::int32_t pixel;
     const char* label;
 };
@@ -20,39 +20,41 @@ TEST(NoiseRulerTest, LabelsThePixelBeforeTheMark)
 {
     // 8.5 units of width are 36.04 inches or 91.5416 cm over 1000 pixels.
     const LabelCase rows[] = {
-        {NoiseUnit::ScanUnit, 501, "4.2"}, // 500 pixels are 4.25; the half goes to the even digit
-        {NoiseUnit::ScanUnit, 1000, "8.5"},
-        {NoiseUnit::Inch, 501, "18.0"},
-        {NoiseUnit::Inch, 1, "0.0"},
-        {NoiseUnit::Centimetre, 501, "46"},
-        {NoiseUnit::Centimetre, 60, "5"}, // 59 pixels are 5.40
-        {NoiseUnit::Centimetre, 61, "5"}, // 5.49, although its own position is 5.58
-        {NoiseUnit::Centimetre, 62, "6"},
-        {NoiseUnit::Inch, 0, "-0.0"},
-        {NoiseUnit::Centimetre, 0, "0"},
+        {PositionUnit::ScanUnit, 501,
+            "4.2"}, // 500 pixels are 4.25; the half goes to the even digit
+        {PositionUnit::ScanUnit, 1000, "8.5"},
+        {PositionUnit::Inch, 501, "18.0"},
+        {PositionUnit::Inch, 1, "0.0"},
+        {PositionUnit::Centimetre, 501, "46"},
+        {PositionUnit::Centimetre, 60, "5"}, // 59 pixels are 5.40
+        {PositionUnit::Centimetre, 61, "5"}, // 5.49, although its own position is 5.58
+        {PositionUnit::Centimetre, 62, "6"},
+        {PositionUnit::Inch, 0, "-0.0"},
+        {PositionUnit::Centimetre, 0, "0"},
     };
     for (const LabelCase& row : rows) {
         const NoiseRuler ruler{1000, 8.5, row.unit};
         EXPECT_EQ(ruler.MarkLabel(row.pixel), row.label)
-            << NoiseUnitName(row.unit) << " at " << row.pixel;
+            << UnitName(row.unit) << " at " << row.pixel;
     }
 }
 
 TEST(NoiseRulerTest, MeasuresBothWays)
 {
-    const NoiseRuler ruler{1000, 10.0, NoiseUnit::Centimetre};
+    const NoiseRuler ruler{1000, 10.0, PositionUnit::Centimetre};
     EXPECT_NEAR(ruler.PositionOf(500.0), 53.848, 1e-9);
     EXPECT_NEAR(ruler.PixelOf(ruler.PositionOf(123.0)), 123.0, 1e-9);
-    const NoiseRuler empty{0, 8.5, NoiseUnit::Inch};
+    const NoiseRuler empty{0, 8.5, PositionUnit::Inch};
     EXPECT_EQ(empty.PositionOf(7.0), 0.0);
 }
 
-TEST(NoiseUnitTest, NamesGoThereAndBack)
+TEST(PositionUnitTest, NamesGoThereAndBack)
 {
-    for (const NoiseUnit unit : {NoiseUnit::ScanUnit, NoiseUnit::Inch, NoiseUnit::Centimetre})
-        EXPECT_EQ(NoiseUnitFromName(NoiseUnitName(unit)), unit);
-    EXPECT_EQ(NoiseUnitFromName("cm"), NoiseUnit::Centimetre);
-    EXPECT_FALSE(NoiseUnitFromName("mm"));
+    for (const PositionUnit unit :
+        {PositionUnit::ScanUnit, PositionUnit::Inch, PositionUnit::Centimetre})
+        EXPECT_EQ(UnitFromName(UnitName(unit)), unit);
+    EXPECT_EQ(UnitFromName("cm"), PositionUnit::Centimetre);
+    EXPECT_FALSE(UnitFromName("mm"));
 }
 
 class NoiseTextTest : public testing::Test {

@@ -1,4 +1,4 @@
-#include "viewers/noise/NoiseUnit.h"
+#include "viewers/controls/PositionUnit.h"
 
 #include "platform/KnownFolders.h"
 #include "platform/Log.h"
@@ -6,7 +6,6 @@
 #include "platform/Text.h"
 #include "platform/WorkPaths.h"
 
-#include <cmath>
 #include <system_error>
 
 namespace vireo {
@@ -14,20 +13,19 @@ namespace vireo {
 namespace {
 
 struct UnitRow {
-    NoiseUnit unit;
+    PositionUnit unit;
     std::string_view name;
     std::string_view symbol;
     double perWidthFactor; ///< Scan width in this unit of a width factor of 1.
 };
 
-constexpr double kInchesPerWidthUnit = 4.24;
 constexpr UnitRow kUnits[] = {
-    {NoiseUnit::ScanUnit, "SU", "SU", 1.0},
-    {NoiseUnit::Inch, "Inch", "in", kInchesPerWidthUnit},
-    {NoiseUnit::Centimetre, "CM", "cm", kInchesPerWidthUnit * 2.54},
+    {PositionUnit::ScanUnit, "SU", "SU", 1.0},
+    {PositionUnit::Inch, "Inch", "in", kInchesPerWidthUnit},
+    {PositionUnit::Centimetre, "CM", "cm", kInchesPerWidthUnit * 2.54},
 };
 
-const UnitRow& RowOf(NoiseUnit unit)
+const UnitRow& RowOf(PositionUnit unit)
 {
     return kUnits[static_cast<std::size_t>(unit)];
 }
@@ -37,12 +35,12 @@ constexpr const char* kKey = "Unit";
 
 } // namespace
 
-std::string_view NoiseUnitName(NoiseUnit unit)
+std::string_view UnitName(PositionUnit unit)
 {
     return RowOf(unit).name;
 }
 
-std::optional<NoiseUnit> NoiseUnitFromName(std::string_view name)
+std::optional<PositionUnit> UnitFromName(std::string_view name)
 {
     for (const UnitRow& row : kUnits)
         if (EqualsIgnoringCase(row.name, name))
@@ -50,31 +48,14 @@ std::optional<NoiseUnit> NoiseUnitFromName(std::string_view name)
     return std::nullopt;
 }
 
-std::string_view NoiseUnitSymbol(NoiseUnit unit)
+std::string_view UnitSymbol(PositionUnit unit)
 {
     return RowOf(unit).symbol;
 }
 
-double NoiseRuler::LineWidth() const
+double UnitsPerWidthUnit(PositionUnit unit)
 {
-    return RowOf(unit).perWidthFactor * widthFactor;
-}
-
-double NoiseRuler::PositionOf(double pixel) const
-{
-    return lineLength > 0 ? LineWidth() * pixel / lineLength : 0.0;
-}
-
-double NoiseRuler::PixelOf(double position) const
-{
-    return widthFactor > 0.0 ? position * lineLength / LineWidth() : 0.0;
-}
-
-std::string NoiseRuler::MarkLabel(std::int32_t pixel) const
-{
-    const double position = PositionOf(pixel - 1.0);
-    return unit == NoiseUnit::Centimetre ? Format("%ld", std::lround(position))
-                                         : Format("%1.1f", position);
+    return RowOf(unit).perWidthFactor;
 }
 
 std::filesystem::path UnitSettingsFile()
@@ -91,20 +72,19 @@ std::filesystem::path UnitSettingsFile()
     return ConfigFolder() / kFile;
 }
 
-NoiseUnit ReadUnitSetting()
+PositionUnit ReadUnitSetting()
 {
     const PrivateProfile settings(UnitSettingsFile());
-    return NoiseUnitFromName(
-        settings.ReadString(kSection, kKey, NoiseUnitName(NoiseUnit::Centimetre)))
-        .value_or(NoiseUnit::Centimetre);
+    return UnitFromName(settings.ReadString(kSection, kKey, UnitName(PositionUnit::Centimetre)))
+        .value_or(PositionUnit::Centimetre);
 }
 
-void WriteUnitSetting(NoiseUnit unit)
+void WriteUnitSetting(PositionUnit unit)
 {
     const std::filesystem::path file = UnitSettingsFile();
     std::error_code error;
     std::filesystem::create_directories(file.parent_path(), error);
-    if (PrivateProfile(file).WriteString(kSection, kKey, NoiseUnitName(unit)) != FileStatus::Ok)
+    if (PrivateProfile(file).WriteString(kSection, kKey, UnitName(unit)) != FileStatus::Ok)
         Log_Msg("The unit of positions cannot be kept");
 }
 
