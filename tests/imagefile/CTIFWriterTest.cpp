@@ -1,7 +1,7 @@
-#include "imagefile/CTIFReader.h"
 #include "imagefile/CTIFWriter.h"
 #include "tests/TempFolder.h"
 #include "tests/imagefile/MemoryTarget.h"
+#include "tests/imagefile/ReadTif.h"
 
 #include <cstring>
 #include <random>
@@ -21,41 +21,20 @@ struct Picture {
     std::size_t RowBytes() const { return static_cast<std::size_t>(BytesPerRow(depth, width)); }
 };
 
-/// Takes the pixels of a page.
-class Receiver : public CImageReceiver {
-public:
-    ImageResult BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,
-        std::uint32_t resolution, std::uint32_t, std::uint32_t) override
-    {
-        picture = {depth, width, height, {}, resolution};
-        m_row.resize(picture.RowBytes());
-        return ImageResult::Ok;
-    }
-    std::uint8_t* GetLineBuffer() override { return m_row.data(); }
-    ImageResult LineDone() override
-    {
-        picture.pixels.append(m_row.begin(), m_row.end());
-        return ImageResult::Ok;
-    }
-    ImageResult EndImage(std::uint32_t) override { return ImageResult::Ok; }
-
-    Picture picture;
-
-private:
-    std::vector<std::uint8_t> m_row;
-};
-
 /// What a file reads back as; `reader` keeps what its page says.
 Picture ReadBack(CTIFReader& reader, const std::filesystem::path& file)
 {
-    Receiver receiver;
+    RowSink sink;
     reader.SetFile(file);
-    reader.SetReceiver(receiver);
+    reader.SetReceiver(sink);
     std::uint32_t rows = 0;
     EXPECT_EQ(reader.Open(rows), ImageResult::Ok);
-    for (; rows > 0; --rows)
+    Picture picture = {reader.Depth(), reader.Width(), reader.Height(), {}, reader.Resolution()};
+    for (; rows > 0; --rows) {
         EXPECT_EQ(reader.ReadLine(), ImageResult::Ok);
-    return receiver.picture;
+        picture.pixels += sink.Row();
+    }
+    return picture;
 }
 
 ImageResult WriteRows(CTIFWriter& writer, const Picture& picture)
@@ -242,6 +221,22 @@ TEST(CTIFWriter, WhiteIsZero)
     }
 }
 
+TEST(CTIFWriter, WhatRunsMean)
+{
+    const TempFolder folder;
+    const Picture picture = MakePicture(ColorDepth::Bilevel, 24, 9);
+    for (const std::optional<bool> whiteIsZero : {std::optional<bool>(), {true}, {false}}) {
+        TifSettings settings;
+        settings.compression = TifCompression::kGroup4;
+        settings.whiteIsZero = whiteIsZero;
+        CTIFWriter writer(folder.Path() / "runs.tif", settings);
+        ASSERT_EQ(WriteRows(writer, picture), ImageResult::Ok);
+        CTIFReader reader;
+        EXPECT_EQ(ReadBack(reader, folder.Path() / "runs.tif").pixels, picture.pixels);
+        EXPECT_EQ(reader.Photometric(), whiteIsZero.value_or(true) ? 0 : 1);
+    }
+}
+
 /// A profile in memory, which comes in pieces.
 class MemoryProfile : public CIccProfileReader {
 public:
@@ -283,10 +278,10 @@ TEST(CTIFWriter, IccProfile)
     settings.profile = &profile;
     CTIFWriter writer(file, settings);
     ASSERT_EQ(WriteRows(writer, MakePicture(ColorDepth::Gray8, 50, 50)), ImageResult::Ok);
-    Receiver receiver;
+    RowSink sink;
     CTIFReader reader;
     reader.SetFile(file);
-    reader.SetReceiver(receiver);
+    reader.SetReceiver(sink);
     std::uint32_t rows = 0;
     EXPECT_EQ(reader.Open(rows, folder.Path() / "profile.icc"), ImageResult::Ok);
     EXPECT_EQ(TempFolder::Read(folder.Path() / "profile.icc"), MakeProfile(20'001));
