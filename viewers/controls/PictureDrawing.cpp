@@ -4,6 +4,7 @@
 #include "viewers/controls/ReducedPicture.h"
 
 #include <algorithm>
+#include <thread>
 #include <vector>
 
 namespace vireo {
@@ -13,15 +14,17 @@ namespace {
 /// Bytes read at once; they stay in the fast cache.
 constexpr std::int64_t kBandBytes = 256 * 1024;
 
-/// Zoom 1 and more: squares of `zoom` by `zoom` device pixels.
+/// Zoom 1 and more: squares of `zoom` by `zoom` device pixels. `top` rows of the view, whole
+/// squares, are above the target.
 class EnlargedDrawing {
 public:
-    EnlargedDrawing(const PictureRows& rows, const PictureView& view, const PixelTarget& target)
+    EnlargedDrawing(const PictureRows& rows, const PictureView& view, const PixelTarget& target,
+        std::int64_t top)
         : m_rows(rows),
           m_target(target),
           m_zoom(static_cast<std::int64_t>(view.zoom)),
           m_left(std::max<std::int64_t>(view.FirstDrawn(view.x), 0)),
-          m_top(std::max<std::int64_t>(view.FirstDrawn(view.y), 0)),
+          m_top(std::max<std::int64_t>(view.FirstDrawn(view.y), 0) + top / m_zoom),
           m_columns(std::max<std::int64_t>(
               std::min((target.width + m_zoom - 1) / m_zoom, rows.Width() - m_left), 0)),
           m_rowCount(std::max<std::int64_t>(
@@ -32,7 +35,7 @@ public:
     void Draw()
     {
         FillWhite(m_target, m_rowCount * m_zoom, m_columns * m_zoom);
-        if (m_columns == 0)
+        if (m_columns == 0 || m_rowCount == 0)
             return;
         const std::int64_t rowBytes = m_columns * m_rows.Channels();
         const std::int64_t band = std::max<std::int64_t>(kBandBytes / rowBytes, 1);
@@ -145,6 +148,26 @@ ReducedPlan PlanReduced(
     return plan;
 }
 
+/// Draws a target in bands of whole steps of rows, side by side: one a processor.
+template <typename Draw>
+void DrawBands(const PixelTarget& target, std::int64_t step, const Draw& draw)
+{
+    // A thread costs as much as some 20,000 pixels.
+    constexpr std::int64_t kFewestPixels = 1 << 18;
+    constexpr unsigned kMostBands = 8;
+    const std::int64_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostBands);
+    const std::int64_t bands =
+        std::clamp<std::int64_t>(target.width * target.height / kFewestPixels, 1, processors);
+    const std::int64_t rows = ((target.height + bands - 1) / bands + step - 1) / step * step;
+    const auto drawFrom = [&](std::int64_t top) {
+        draw(target.Rows(top, std::min(rows, target.height - top)), top);
+    };
+    std::vector<std::jthread> helpers;
+    for (std::int64_t top = rows; top < target.height; top += rows)
+        helpers.emplace_back(drawFrom, top);
+    drawFrom(0);
+}
+
 } // namespace
 
 bool DrawPicture(const PictureContent& content, const PictureView& view, const PixelTarget& target,
@@ -155,14 +178,19 @@ bool DrawPicture(const PictureContent& content, const PictureView& view, const P
         return true;
     }
     if (view.zoom >= 1.0) {
-        EnlargedDrawing(*content.rows, view, target).Draw();
+        DrawBands(target, static_cast<std::int64_t>(view.zoom),
+            [&](const PixelTarget& band, std::int64_t top) {
+                EnlargedDrawing(*content.rows, view, band, top).Draw();
+            });
         return true;
     }
     const ReducedPlan plan = PlanReduced(content, view, quality);
-    if (plan.isSampled)
-        DrawSampled(plan.source, view, target);
-    else
-        DrawReduced(plan.source, view, target);
+    DrawBands(target, 1, [&](const PixelTarget& band, std::int64_t top) {
+        if (plan.isSampled)
+            DrawSampled(plan.source, view, band, top);
+        else
+            DrawReduced(plan.source, view, band, top);
+    });
     return plan.isExact;
 }
 

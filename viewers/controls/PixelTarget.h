@@ -15,6 +15,11 @@ struct PixelTarget {
     std::ptrdiff_t pixelsPerRow = 0;
 
     std::uint32_t* Row(std::int64_t row) const { return pixels + row * pixelsPerRow; }
+    /// `count` of its rows, from row `first` on.
+    PixelTarget Rows(std::int64_t first, std::int64_t count) const
+    {
+        return {Row(first), width, count, pixelsPerRow};
+    }
 };
 
 inline constexpr std::uint32_t kWhitePixel = 0xFFFFFFFF;

@@ -16,10 +16,10 @@ namespace {
 /// the source pixels Edge(n) <= i < Edge(n + 1).
 struct BoxAxis {
     BoxAxis(const PictureView& view, const PictureAxis& axis, const ReducedSource& source,
-        std::int64_t sourceLength, std::int64_t drawnLength)
+        std::int64_t sourceLength, std::int64_t drawnLength, std::int64_t skipped = 0)
         : length(sourceLength),
           ratio(1.0 / (view.zoom * static_cast<double>(source.Reduction()))),
-          first(std::max<std::int64_t>(view.FirstDrawn(axis), 0))
+          first(std::max<std::int64_t>(view.FirstDrawn(axis), 0) + skipped)
     {
         if (const double whole = std::round(ratio);
             std::abs(ratio - whole) < kRatioRounding * whole)
@@ -37,19 +37,20 @@ struct BoxAxis {
 
     std::int64_t length; ///< Source pixels in all.
     double ratio;        ///< Source pixels a drawn pixel.
-    std::int64_t first;  ///< First drawn pixel in view.
+    std::int64_t first;  ///< First drawn pixel in view, behind those that are skipped.
     std::int64_t count;  ///< Drawn pixels in view.
     std::int64_t total;  ///< Drawn pixels of the whole picture.
 };
 
 } // namespace
 
-void DrawSampled(const ReducedSource& source, const PictureView& view, const PixelTarget& target)
+void DrawSampled(const ReducedSource& source, const PictureView& view, const PixelTarget& target,
+    std::int64_t top)
 {
     const BoxAxis x(view, view.x, source, source.Width(), target.width);
-    const BoxAxis y(view, view.y, source, source.Height(), target.height);
+    const BoxAxis y(view, view.y, source, source.Height(), target.height, top);
     FillWhite(target, y.count, x.count);
-    if (x.count == 0)
+    if (x.count == 0 || y.count == 0)
         return;
     const ChannelLayout layout = source.Layout();
     const std::int64_t left = x.Edge(x.first);
@@ -163,11 +164,12 @@ void SplitPairs(const WindowPair* __restrict pairs, std::size_t count,
 /// are worked out too, so that a pixel looks the same wherever in the view it is.
 class ReducedDrawing {
 public:
-    ReducedDrawing(const ReducedSource& source, const PictureView& view, const PixelTarget& target)
+    ReducedDrawing(const ReducedSource& source, const PictureView& view, const PixelTarget& target,
+        std::int64_t top)
         : m_source(source),
           m_target(target),
           m_x(view, view.x, source, source.Width(), target.width),
-          m_y(view, view.y, source, source.Height(), target.height),
+          m_y(view, view.y, source, source.Height(), target.height, top),
           m_firstBox(std::max<std::int64_t>(m_x.first - 1, 0)),
           m_boxes(static_cast<std::size_t>(
               std::min(m_x.first + m_x.count + 1, m_x.total) - m_firstBox)),
@@ -313,9 +315,10 @@ private:
 
 } // namespace
 
-void DrawReduced(const ReducedSource& source, const PictureView& view, const PixelTarget& target)
+void DrawReduced(const ReducedSource& source, const PictureView& view, const PixelTarget& target,
+    std::int64_t top)
 {
-    ReducedDrawing(source, view, target).Draw();
+    ReducedDrawing(source, view, target, top).Draw();
 }
 
 } // namespace vireo

@@ -28,10 +28,13 @@ inline constexpr double kRatioRounding = 1e-9;
 inline constexpr double kLargestReducedRatio = 4.0;
 
 /// Draws what a view below zoom 1 shows, each pixel made from all the source pixels it stands for:
-/// 1 to kLargestReducedRatio along each side. See PictureReduction.h.
-void DrawReduced(const ReducedSource& source, const PictureView& view, const PixelTarget& target);
+/// 1 to kLargestReducedRatio along each side. See PictureReduction.h. The target may be a part of
+/// the view that lies below its first `top` rows; the pixels are the same as in one drawing.
+void DrawReduced(const ReducedSource& source, const PictureView& view, const PixelTarget& target,
+    std::int64_t top);
 
 /// The same from one source pixel for each drawn one, which may also stand for several of them.
-void DrawSampled(const ReducedSource& source, const PictureView& view, const PixelTarget& target);
+void DrawSampled(const ReducedSource& source, const PictureView& view, const PixelTarget& target,
+    std::int64_t top);
 
 } // namespace vireo

@@ -349,7 +349,8 @@ TEST_F(CPictureView_DialogTest, LoadingCanBeCancelled)
         folder.Write("long.tif", TiffFile().Add(LongToLoad()).Bytes()));
     dialog->show();
     ASSERT_TRUE(dialog->Loader().IsRunning());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return Find<QProgressBar>("progressBar").value() > 0; }));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return Find<QProgressBar>("progressBar").value() > 0; }, 60'000));
     EXPECT_GT(Plot().Content().coveredRows, 0) << "what is loaded can be seen";
     Click("cancelButton");
     EXPECT_FALSE(dialog->Loader().IsRunning());
