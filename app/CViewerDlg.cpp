@@ -9,6 +9,7 @@
 #include "platform/ProgramInfo.h"
 #include "platform/Text.h"
 #include "resources/StringTable.h"
+#include "scanner/ScannerChoice.h"
 #include "ui_CViewerDlg.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/PumpMessages.h"
@@ -76,6 +77,8 @@ void CViewerDlg::ConnectCommands()
         [this] { OnLauncher("CView_Stitch_Dialog"); });
     connect(m_ui->noiseCheckButton, &QPushButton::clicked, this,
         [this] { OnLauncher("CNCTest_Dialog"); });
+    connect(m_ui->simulatedCheck, &QCheckBox::clicked, this,
+        [this](bool checked) { KeepSimulated(m_setup.scannerSettings, checked); });
     connect(m_ui->openButton, &QPushButton::clicked, this, &CViewerDlg::OnOpen);
     auto* open = new QAction(tr("&Open..."), this);
     open->setShortcut(QKeySequence::Open);
@@ -107,6 +110,12 @@ void CViewerDlg::OnInitDialog()
         m_dispatchTimer = startTimer(kDispatchMilliseconds);
     setWindowTitle(QStringFromText(LoadStringResource(StringId::kApplicationTitle)));
     ShowRecentFiles();
+    ShowScannerChoice();
+}
+
+void CViewerDlg::ShowScannerChoice()
+{
+    m_ui->simulatedCheck->setChecked(ReadScannerChoice(m_setup.scannerSettings).isSimulated);
 }
 
 void CViewerDlg::OpenLog()
@@ -139,7 +148,10 @@ void CViewerDlg::resizeEvent(QResizeEvent* event)
 void CViewerDlg::OnLauncher(std::string_view viewer)
 {
     const auto file = m_fileToLoad.empty() ? std::filesystem::path() : LoadPath(m_fileToLoad);
-    if (!RunViewer(viewer, file))
+    const bool isReady = !file.empty() || m_setup.viewers.Prepare(viewer, this);
+    // The user may have been asked, and may have chosen the simulated scanner.
+    ShowScannerChoice();
+    if (!isReady || !RunViewer(viewer, file))
         return;
     m_fileToLoad.clear();
     accept();

@@ -33,8 +33,9 @@ public:
     /// What the dialog takes from the program around it.
     struct Setup {
         ViewerTable viewers;
-        std::filesystem::path recentList;    ///< Where the recent files are kept; empty: nowhere.
-        std::filesystem::path programFolder; ///< Where the log goes; empty: cannot be told.
+        std::filesystem::path recentList;      ///< Where the recent files are kept; empty: nowhere.
+        std::filesystem::path programFolder;   ///< Where the log goes; empty: cannot be told.
+        std::filesystem::path scannerSettings; ///< Where the choice of the scanner is kept.
         std::function<DispatchPlan(const std::filesystem::path& file)> plan = PlanDispatch;
         /// Unpacks a packed dump into its own folder, with its own messages; false: there is
         /// nothing to show.
@@ -88,6 +89,7 @@ private:
     bool RunViewer(std::string_view viewer, const std::filesystem::path& input);
     void ComeBack();
     void ShowRecentFiles();
+    void ShowScannerChoice();
 
     Setup m_setup;
     std::unique_ptr<Ui::CViewerDlg> m_ui;

@@ -1,5 +1,8 @@
 #include "app/ViewerTable.h"
-#include "viewers/noise/CNCTest_Dialog.h"
+#include "scanner/ScannerChoice.h"
+#include "viewers/live/CLPF_Dialog.h"
+#include "viewers/live/CNCTest_Dialog.h"
+#include "viewers/live/ScannerOpening.h"
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
 #include "viewers/picture/CPictureView_Dialog.h"
@@ -7,13 +10,53 @@
 #include "viewers/stitch/CView_Stitch_Dialog.h"
 #include "viewers/tonal/CTonalResolutionDialog.h"
 
+#include <memory>
+#include <optional>
 #include <system_error>
+#include <utility>
 
 namespace vireo {
 
 namespace {
-constexpr std::string_view kNoiseCheck = "CNCTest_Dialog";
+
+/// The scanner of a live test, opened before the main dialog makes way for the test.
+class ChosenScanner {
+public:
+    bool Open(QWidget* parent)
+    {
+        if (!m_opened)
+            m_opened = OpenChosenScanner(ScannerSettingsFile(), parent);
+        return m_opened.has_value();
+    }
+    OpenScanner Take() { return *std::exchange(m_opened, std::nullopt); }
+
+private:
+    std::optional<OpenScanner> m_opened;
+};
+
+void AddLiveTests(ViewerTable& viewers)
+{
+    const auto scanner = std::make_shared<ChosenScanner>();
+    const auto prepare = [scanner](QWidget* parent) { return scanner->Open(parent); };
+    viewers.Add(
+        "CLPF_Dialog",
+        [scanner](const std::filesystem::path&, ViewerHost&, QWidget* parent) {
+            if (scanner->Open(parent))
+                CLPF_Dialog(scanner->Take(), parent).exec();
+        },
+        prepare);
+    viewers.Add(
+        "CNCTest_Dialog",
+        [scanner](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            if (!file.empty())
+                CNCTest_Dialog(file, parent).exec();
+            else if (scanner->Open(parent))
+                CNCTest_Dialog(scanner->Take(), parent).exec();
+        },
+        prepare);
 }
+
+} // namespace
 
 ViewerTable ProgramViewers()
 {
@@ -28,13 +71,7 @@ ViewerTable ProgramViewers()
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
             CNoiseTest_SM_Dialog(file, parent).exec();
         });
-    viewers.Add(kNoiseCheck, [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-        // Without a file the launcher asks for the live test, which is not there yet.
-        if (file.empty())
-            ViewerTable::ShowNoViewer(kNoiseCheck, file);
-        else
-            CNCTest_Dialog(file, parent).exec();
-    });
+    AddLiveTests(viewers);
     viewers.Add(
         "CPictureView_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
             CPictureView_Dialog(file, parent).exec();

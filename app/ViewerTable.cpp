@@ -37,9 +37,15 @@ std::string NoViewerText(std::string_view viewer)
 }
 } // namespace
 
-void ViewerTable::Add(std::string_view viewer, RunViewer run)
+void ViewerTable::Add(std::string_view viewer, RunViewer run, PrepareViewer prepare)
 {
-    m_rows.push_back({std::string(viewer), std::move(run)});
+    m_rows.push_back({std::string(viewer), std::move(run), std::move(prepare)});
+}
+
+bool ViewerTable::Prepare(std::string_view viewer, QWidget* parent) const
+{
+    const Row* row = Find(viewer);
+    return row == nullptr || !row->prepare || row->prepare(parent);
 }
 
 bool ViewerTable::Has(std::string_view viewer) const

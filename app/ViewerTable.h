@@ -18,15 +18,23 @@ namespace vireo {
 using RunViewer =
     std::function<void(const std::filesystem::path& file, ViewerHost& host, QWidget* parent)>;
 
+/// Gets ready what a viewer needs before anything of it is shown, and tells and asks the user where
+/// it cannot. False: the viewer is not to be opened.
+using PrepareViewer = std::function<bool(QWidget* parent)>;
+
 /// The same for a picture with marks.
 using RunPictureViewer = std::function<void(const MarkedPicture& picture, QWidget* parent)>;
 
 /// The program's viewers by the names of their dialog classes.
 class ViewerTable : public ViewerHost {
 public:
-    void Add(std::string_view viewer, RunViewer run);
+    /// `prepare` may be empty: then there is nothing to get ready.
+    void Add(std::string_view viewer, RunViewer run, PrepareViewer prepare = {});
     void SetPictureViewer(RunPictureViewer run) { m_runPictureViewer = std::move(run); }
     bool Has(std::string_view viewer) const;
+    /// Gets a viewer ready that is opened without a file, in front of the window that opens it; to
+    /// be called before this window makes way.
+    bool Prepare(std::string_view viewer, QWidget* parent) const;
 
     bool OpenViewer(
         std::string_view viewer, const std::filesystem::path& file, QWidget* parent) override;
@@ -40,6 +48,7 @@ private:
     struct Row {
         std::string viewer;
         RunViewer run;
+        PrepareViewer prepare;
     };
     const Row* Find(std::string_view viewer) const;
 

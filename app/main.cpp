@@ -2,6 +2,7 @@
 #include "app/ProgramCommandLine.h"
 #include "platform/KnownFolders.h"
 #include "platform/Message.h"
+#include "scanner/ScannerChoice.h"
 #include "viewers/controls/QtMessageSink.h"
 
 #include <QApplication>
@@ -23,6 +24,7 @@ int main(int argc, char** argv)
     const auto stateFolder = vireo::StateFolder();
     if (!stateFolder.empty())
         setup.recentList = stateFolder / "recent-files.txt";
+    setup.scannerSettings = vireo::ScannerSettingsFile();
     setup.programFolder = vireo::ProgramFolder();
     vireo::CViewerApp app(std::move(commandLine), std::move(setup));
     app.InitInstance();

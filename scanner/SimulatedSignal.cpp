@@ -121,7 +121,7 @@ void SimulatedSignal::Adjust(Chance& chance)
         for (std::size_t plane = 0; plane < m_settings.gain[camera].size(); ++plane) {
             const double wanted = 1.0 / m_sensors[camera][plane].sensitivity;
             m_settings.gain[camera][plane] =
-                static_cast<int>(std::lround((wanted - 0.5) * kGainSteps + 4.0 * chance.Even()));
+                static_cast<int>(std::lround((wanted - 0.5) * kGainSteps + 7.0 * chance.Even()));
             m_settings.offset[camera][plane] = static_cast<int>(
                 std::lround(-kOffsetPerLevel * m_sensors[camera][plane].dark / 2.0));
         }

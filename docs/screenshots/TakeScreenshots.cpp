@@ -5,8 +5,10 @@
 //
 // QT_SCALE_FACTOR=2 gives the same pictures at 200 %.
 
+#include "app/CViewerDlg.h"
 #include "app/ViewerTable.h"
 #include "platform/Message.h"
+#include "scanner/ScannerChoice.h"
 #include "viewers/controls/CWait_Dialog.h"
 #include "viewers/controls/QtText.h"
 
@@ -30,7 +32,7 @@ namespace {
 struct Shot {
     const char* name;   ///< Of the picture, without ".png".
     const char* viewer; ///< Class of the dialog.
-    const char* sample;
+    const char* sample; ///< Empty for a live test.
     QSize size;
     std::vector<const char*> clicks;     ///< Object names of buttons, in order.
     std::vector<const char*> commands{}; ///< Texts of menu commands, before the clicks.
@@ -76,6 +78,9 @@ const Shot kShots[] = {
     {"picture-gray", "CPictureView_Dialog", "picture-gray.tif", {1160, 640}, {}},
     {"picture-palette", "CPictureView_Dialog", "picture-palette.tif", {1160, 640},
         {"oneToOneButton"}},
+    {"live-light-profile", "CLPF_Dialog", "", {1180, 720}, {"holdCheck"}},
+    {"live-light-profile-boundary", "CLPF_Dialog", "", {1180, 720}, {"boundaryButton"}},
+    {"live-noise-check", "CNCTest_Dialog", "", {960, 420}, {}},
 };
 
 /// The top window that is open now: a modal dialog.
@@ -133,7 +138,9 @@ bool Photograph(const Shot& shot, const QString& target)
         good = RunCommand(*dialog, command) && good;
     for (const char* const button : shot.clicks)
         good = Click(*dialog, button) && good;
-    QTest::qWait(150);
+    // How many lines come is counted for half a second.
+    constexpr int kLive = 1300;
+    QTest::qWait(*shot.sample == '\0' ? kLive : 150);
     good = dialog->grab().save(target) && good;
     dialog->close();
     return good;
@@ -159,24 +166,57 @@ bool TakeWait(const QString& folder)
     return good;
 }
 
+/// A copy of a sample in a folder: a dump is unpacked beside itself, and no sample shall be
+/// changed.
+std::filesystem::path CopyOf(const std::filesystem::path& sample, const QTemporaryDir& folder)
+{
+    std::filesystem::path copy = vireo::PathFromQString(folder.path()) / "copy" / sample.filename();
+    std::filesystem::create_directory(copy.parent_path());
+    std::filesystem::copy_file(sample, copy);
+    return copy;
+}
+
+/// The start window.
+bool TakeLauncher(const QString& folder)
+{
+    const QString target = folder + QStringLiteral("/start.png");
+    vireo::CViewerDlg::Setup setup;
+    setup.scannerSettings = vireo::ScannerSettingsFile();
+    setup.programFolder = vireo::PathFromQString(QDir::tempPath());
+    vireo::CViewerDlg launcher(setup);
+    bool good = false;
+    QTimer::singleShot(300, [&] {
+        good = launcher.grab().save(target);
+        launcher.close();
+    });
+    launcher.DoModal();
+    std::printf("%s %s\n", good ? "took" : "FAILED", qPrintable(target));
+    return good;
+}
+
 bool Take(const Shot& shot, const std::filesystem::path& samples, const QString& folder)
 {
-    // A dump is unpacked beside itself, and no sample shall be changed.
-    const QTemporaryDir scratch;
-    const std::filesystem::path copy = vireo::PathFromQString(scratch.path()) / "copy";
-    const std::filesystem::path file = copy / std::filesystem::path(shot.sample).filename();
-    std::filesystem::create_directory(copy);
-    std::filesystem::copy_file(samples / shot.sample, file);
-
     vireo::ViewerTable viewers = vireo::ProgramViewers();
     const QString target = folder + QLatin1Char('/') + QLatin1String(shot.name) + ".png";
     bool good = false;
     // Messages are part of some samples; nobody is there to close their boxes.
     const vireo::MessageRecorder messages;
     QTimer::singleShot(300, [&] { good = Photograph(shot, target); });
-    viewers.OpenViewer(shot.viewer, file, nullptr);
+    const QTemporaryDir scratch;
+    const bool isLive = *shot.sample == '\0';
+    viewers.OpenViewer(shot.viewer,
+        isLive ? std::filesystem::path() : CopyOf(samples / shot.sample, scratch), nullptr);
     std::printf("%s %s\n", good ? "took" : "FAILED", qPrintable(target));
     return good;
+}
+
+/// Settings of nobody: all defaults, and the simulated scanner.
+bool UseOwnSettings(const QTemporaryDir& folder)
+{
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    qputenv("APPDATA", folder.path().toUtf8());
+    vireo::KeepSimulated(vireo::ScannerSettingsFile(), true);
+    return folder.isValid();
 }
 
 } // namespace
@@ -193,10 +233,13 @@ int main(int argc, char** argv)
     }
     const QStringList wanted = arguments.mid(3);
     QDir().mkpath(arguments[2]);
-    bool good = true;
+    const QTemporaryDir settings;
+    bool good = UseOwnSettings(settings);
     for (const Shot& shot : kShots)
         if (wanted.isEmpty() || wanted.contains(QLatin1String(shot.name)))
             good = Take(shot, vireo::PathFromQString(arguments[1]), arguments[2]) && good;
+    if (wanted.isEmpty() || wanted.contains(QStringLiteral("start")))
+        good = TakeLauncher(arguments[2]) && good;
     if (wanted.isEmpty() || wanted.contains(QStringLiteral("dump-wait")))
         good = TakeWait(arguments[2]) && good;
     return good ? 0 : 1;

@@ -3,9 +3,11 @@
 #include "platform/Log.h"
 #include "platform/Message.h"
 #include "platform/Path.h"
+#include "scanner/ScannerChoice.h"
 #include "tests/TempFolder.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QMimeData>
 #include <QPushButton>
@@ -419,6 +421,46 @@ INSTANTIATE_TEST_SUITE_P(Buttons, LauncherTest,
         LauncherCase{"stitchButton", "CView_Stitch_Dialog", true},
         LauncherCase{"noiseCheckButton", "CNCTest_Dialog", false}),
     [](const auto& row) { return row.param.button; });
+
+TEST_F(CViewerDlgTest, ALiveTestWithoutItsScannerLeavesTheLauncherAsItIs)
+{
+    CViewerDlg::Setup setup = MakeSetup();
+    setup.scannerSettings = m_folder.Path() / "Vireo.ini";
+    setup.viewers = {};
+    QRect positionWhileAsked;
+    setup.viewers.Add(
+        "CLPF_Dialog", [](const auto&, ViewerHost&, QWidget*) { FAIL(); },
+        [&](QWidget* parent) {
+            positionWhileAsked = parent->geometry();
+            KeepSimulated(m_folder.Path() / "Vireo.ini", true);
+            return false;
+        });
+    CViewerDlg dialog(setup);
+    bool isTicked = false;
+    EXPECT_EQ(RunLauncher(dialog,
+                  [&] {
+                      QTest::mouseClick(Button(dialog, "lightProfileButton"), Qt::LeftButton);
+                      isTicked = dialog.findChild<QCheckBox*>("simulatedCheck")->isChecked();
+                  }),
+        QDialog::Rejected);
+    EXPECT_NE(positionWhileAsked, kShrunk);
+    EXPECT_TRUE(isTicked) << "what was chosen meanwhile";
+}
+
+TEST_F(CViewerDlgTest, KeepsTheChoiceOfTheSimulatedScanner)
+{
+    CViewerDlg::Setup setup = MakeSetup();
+    setup.scannerSettings = m_folder.Path() / "Vireo.ini";
+    for (const bool isTicked : {true, false}) {
+        CViewerDlg dialog(setup);
+        RunLauncher(dialog, [&] {
+            auto* const check = dialog.findChild<QCheckBox*>("simulatedCheck");
+            EXPECT_EQ(check->isChecked(), !isTicked);
+            QTest::mouseClick(check, Qt::LeftButton, {}, QPoint(8, check->height() / 2));
+        });
+        EXPECT_EQ(ReadScannerChoice(setup.scannerSettings).isSimulated, isTicked);
+    }
+}
 
 /// Drops a list of files on the dialog's middle, as the desktop does; whether it was taken.
 bool Drop(CViewerDlg& dialog, const QList<QUrl>& urls)

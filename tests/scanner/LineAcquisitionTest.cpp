@@ -1,9 +1,9 @@
 #include "scanner/LineAcquisition.h"
 #include "tests/scanner/TestScanners.h"
+#include "tests/scanner/WatchedScanner.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
 #include <functional>
 
@@ -11,73 +11,6 @@ namespace vireo {
 namespace {
 
 using Error = ScannerError;
-
-/// What a test sees of its device from outside; shared with the acquisition's thread.
-struct Watch {
-    std::atomic<int> opens{0};
-    std::atomic<int> closes{0};
-    std::atomic<int> inCall{0};
-    std::atomic<bool> overlapped{false};
-    std::atomic<int> failAtLine{-1}; ///< Counted since it was opened.
-    std::atomic<int> openError{0};
-};
-
-/// A simulation that can be made to fail, and that notes who calls it when.
-class WatchedScanner : public ScannerDevice {
-public:
-    WatchedScanner(Watch& watch, SimulatedSetup setup) : m_watch(watch), m_inner(std::move(setup))
-    {
-    }
-    Error Open() override
-    {
-        const Call call(m_watch);
-        ++m_watch.opens;
-        m_lines = 0;
-        const auto error = static_cast<Error>(m_watch.openError.load());
-        return error == Error::Ok ? m_inner.Open() : error;
-    }
-    void Close() override
-    {
-        const Call call(m_watch);
-        ++m_watch.closes;
-        m_inner.Close();
-    }
-    Error GetIdentity(ScannerIdentity& identity) override { return m_inner.GetIdentity(identity); }
-    Error GetPaperStatus(PaperStatus& status) override { return m_inner.GetPaperStatus(status); }
-    Error AcquireLine(ScanLine& line) override
-    {
-        const Call call(m_watch);
-        return m_lines++ == m_watch.failAtLine ? Error::LibraryError : m_inner.AcquireLine(line);
-    }
-    Error GetRange(ScannerSetting setting, SettingRange& range) override
-    {
-        return m_inner.GetRange(setting, range);
-    }
-    Error GetValue(ScannerSetting setting, SettingPlace place, int& value) override
-    {
-        return m_inner.GetValue(setting, place, value);
-    }
-    Error SetValue(ScannerSetting setting, SettingPlace place, int value) override
-    {
-        const Call call(m_watch);
-        return m_inner.SetValue(setting, place, value);
-    }
-    bool IsSimulated() const override { return true; }
-
-private:
-    struct Call {
-        explicit Call(Watch& watch) : watched(watch)
-        {
-            if (watched.inCall.exchange(1) != 0)
-                watched.overlapped = true;
-        }
-        ~Call() { watched.inCall = 0; }
-        Watch& watched;
-    };
-    Watch& m_watch;
-    SimulatedScanner m_inner;
-    int m_lines = 0;
-};
 
 class LineAcquisitionTest : public testing::Test {
 protected:
@@ -199,7 +132,7 @@ TEST_F(LineAcquisitionTest, ARefusedValueIsToldAndEndsNothing)
 TEST_F(LineAcquisitionTest, AFailureIsToldOnceAndStartOpensAnew)
 {
     Open();
-    watch.failAtLine = 5;
+    watch.fails = true;
     acquisition->Start();
     std::optional<ScannerFailure> failure;
     ASSERT_TRUE(Becomes([&] { return (failure = acquisition->TakeFailure()).has_value(); }));
@@ -215,7 +148,7 @@ TEST_F(LineAcquisitionTest, AFailureIsToldOnceAndStartOpensAnew)
     EXPECT_FALSE(acquisition->IsRunning());
 
     watch.openError = 0;
-    watch.failAtLine = -1;
+    watch.fails = false;
     static_cast<void>(acquisition->TakeNewest(line));
     acquisition->Start();
     EXPECT_TRUE(TakeLine());

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QMenu>
 
+#include <utility>
+
 namespace vireo {
 
 namespace {
@@ -97,14 +99,32 @@ void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)
 {
     const NoiseResult result = m_data.Read(path);
     m_bLoaded = result == NoiseResult::Ok;
-    m_data.Summarise();
-    m_widgets.plot->SetData(&m_data);
-    FitPlanes();
+    m_iShownPixels = -1;
+    ShowRecord();
     m_widgets.fileText->setText(QStringFromPath(path.filename()));
     m_widgets.fileText->setToolTip(QStringFromPath(path));
-    ShowFigures();
     if (!m_bLoaded)
         TellFileFailure(path, m_data.DescribeFailure(result));
+}
+
+void CNoiseBase_Dialog::ForgetFile()
+{
+    m_data = NoiseData();
+    m_bLoaded = false;
+    m_iShownPixels = -1;
+    m_widgets.fileText->setToolTip({});
+}
+
+void CNoiseBase_Dialog::ShowRecord()
+{
+    m_data.Summarise();
+    if (std::exchange(m_iShownPixels, m_data.m_iLineLength) == m_data.m_iLineLength) {
+        m_widgets.plot->Redraw();
+    } else {
+        m_widgets.plot->SetData(&m_data);
+        FitPlanes();
+    }
+    ShowFigures();
 }
 
 void CNoiseBase_Dialog::FitPlanes()

@@ -44,9 +44,15 @@ protected:
     void ReadFile(const std::filesystem::path& path);
     bool HasFile() const { return m_bLoaded; }
     const NoiseData& Data() const { return m_data; }
+    /// The record, for a dialog whose lines come from elsewhere than a file; ShowRecord comes next.
+    NoiseData& Record() { return m_data; }
+    /// Empties the record, so that nothing of a file is left in it.
+    void ForgetFile();
+    /// Shows the record anew. A line of the same length leaves the view where it is.
+    void ShowRecord();
     CNoiseTestControl& Plot() const { return *m_widgets.plot; }
 
-    void OnLoad();
+    virtual void OnLoad();
     void OnSave();
     void OnPrint();
 
@@ -68,6 +74,7 @@ private:
     Widgets m_widgets;
     NoiseData m_data;
     bool m_bLoaded = false;
+    std::int64_t m_iShownPixels = -1; ///< Of the record that the plot shows; -1: of none.
 };
 
 } // namespace vireo

@@ -75,7 +75,7 @@ void NoiseData::ReadHeaderValues(const TestFileHeader& header)
     if (const HeaderValue<int> limit = header.NoiseLimit(); limit.found && limit.value > 0)
         m_iNoiseLimit = limit.value;
     if (const HeaderValue<int> width = header.ScannerWidth(); width.found && width.value > 0)
-        m_dWidthFactor = width.value / kScannerWidthPerUnit;
+        SetScanWidth(width.value);
 }
 
 NoiseResult NoiseData::ReadBinary(const PositionalFile& file)
@@ -112,12 +112,50 @@ NoiseResult NoiseData::ReadPlanes(const PositionalFile& file, const NoiseLayout&
         plane.trace.samples.resize(static_cast<std::size_t>(m_iLineLength));
         if (file.ReadAt(offset, plane.trace.samples) != plane.trace.samples.size())
             return NoiseResult::TooShort; // Somebody is shortening the file.
-        plane.average = AverageOf(plane.trace.samples);
-        plane.dips = FindNoiseMarks(plane.trace.samples, plane.Band(), NoiseMarkKind::Dip);
-        plane.peaks = FindNoiseMarks(plane.trace.samples, plane.Band(), NoiseMarkKind::Peak);
+        Evaluate(plane);
         offset += static_cast<std::uint64_t>(layout.planeBytes);
     }
     return NoiseResult::Ok;
+}
+
+void NoiseData::Evaluate(NoisePlane& plane)
+{
+    plane.average = AverageOf(plane.trace.samples);
+    plane.dips = FindNoiseMarks(plane.trace.samples, plane.Band(), NoiseMarkKind::Dip);
+    plane.peaks = FindNoiseMarks(plane.trace.samples, plane.Band(), NoiseMarkKind::Peak);
+}
+
+int NoisePlane::StretchesOutside(int percent) const
+{
+    constexpr int kWidestBand = 1000; // Of which nothing is outside, whatever a file says.
+    percent = std::clamp(percent, 0, kWidestBand);
+    std::size_t count = 0;
+    for (const NoiseMarkKind kind : {NoiseMarkKind::Dip, NoiseMarkKind::Peak})
+        count += percent == NoiseBand::kPercent
+            ? Marks(kind).size()
+            : FindNoiseMarks(trace.samples, Band(percent), kind).size();
+    return static_cast<int>(count);
+}
+
+void NoiseData::TakeLine(std::span<const std::vector<std::uint8_t>> planes)
+{
+    const bool hasColour = static_cast<std::int64_t>(planes.size()) >= NoiseLayout::kColourPlanes;
+    if (hasColour != m_bHasColour || m_iLineLength == 0)
+        m_shown = hasColour ? ShownColour::Green : ShownColour::Gray;
+    m_bHasColour = hasColour;
+    m_bHasGray = false;
+    m_planes = {};
+    const std::vector<ShownColour> slots = Planes();
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        Slot(slots[i]).trace.samples = planes[i];
+        Evaluate(Slot(slots[i]));
+    }
+    m_iLineLength = static_cast<std::int32_t>(planes[0].size());
+}
+
+void NoiseData::SetScanWidth(int per1200)
+{
+    m_dWidthFactor = per1200 / kScannerWidthPerUnit;
 }
 
 std::string NoiseData::DescribeFailure(NoiseResult result) const

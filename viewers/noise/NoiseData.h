@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -33,10 +34,12 @@ struct NoisePlane {
     std::vector<std::int32_t> dips;
     std::vector<std::int32_t> peaks; ///< Both as FindNoiseMarks gives them.
 
-    NoiseBand Band() const
+    NoiseBand Band(int percent = NoiseBand::kPercent) const
     {
-        return {trace.samples.empty() ? NoiseBand::kDefaultAverage : average};
+        return {trace.samples.empty() ? NoiseBand::kDefaultAverage : average, percent};
     }
+    /// How many stretches leave the band of a limit in percent.
+    int StretchesOutside(int percent) const;
     const std::vector<std::int32_t>& Marks(NoiseMarkKind kind) const
     {
         return kind == NoiseMarkKind::Dip ? dips : peaks;
@@ -59,6 +62,14 @@ public:
     NoiseResult Read(const std::filesystem::path& path);
     /// One clear sentence for a result other than Ok.
     std::string DescribeFailure(NoiseResult result) const;
+
+    /// Takes a line that comes from a scanner instead of a file: red, green and blue, or the one
+    /// plane of a gray line; all of the same length, at most kMaxPixels. Works out what Read does.
+    /// The plane shown and what is told besides stay where they can.
+    void TakeLine(std::span<const std::vector<std::uint8_t>> planes);
+
+    /// Sets the scan width, in 1/1200 inch.
+    void SetScanWidth(int per1200);
 
     /// Writes the record in its text form: a header, then the planes. Complete or absent.
     FileStatus Save(const std::filesystem::path& path) const;
@@ -101,6 +112,7 @@ private:
     void ReadHeaderValues(const TestFileHeader& header);
     NoiseResult ReadPlanes(const PositionalFile& file, const NoiseLayout& layout);
     NoisePlane& Slot(ShownColour colour);
+    static void Evaluate(NoisePlane& plane);
 
     std::filesystem::path m_path;
     std::string m_headerText;

@@ -11,7 +11,8 @@ namespace vireo {
 /// A stretch of a line that leaves the band around its average: a dip below or a peak above.
 enum class NoiseMarkKind { Dip, Peak };
 
-/// The band of +-5 % around a plane's average, and where a line leaves it. Values are 0 to 255.
+/// The band around a plane's average, +-5 % unless told, and where a line leaves it. Values are 0
+/// to 255.
 struct NoiseBand {
     /// Shorter lines have no band and no marks.
     static constexpr std::int64_t kFewestPixels = 101;
@@ -20,14 +21,15 @@ struct NoiseBand {
     static constexpr int kPercent = 5;
 
     int average = kDefaultAverage;
+    int percent = kPercent;
 
-    double Upper() const { return 1.05 * average; }
-    double Lower() const { return 0.95 * average; }
+    double Upper() const { return (100 + percent) / 100.0 * average; }
+    double Lower() const { return (100 - percent) / 100.0 * average; }
     /// The whole part of the band's limit: a dip is a run of lower values, a peak of higher ones.
     int Limit(NoiseMarkKind kind) const
     {
-        // Twentieths are exact, and so are their whole parts.
-        return (kind == NoiseMarkKind::Dip ? 19 : 21) * average / 20;
+        // Hundredths are exact, and so are their whole parts.
+        return (kind == NoiseMarkKind::Dip ? 100 - percent : 100 + percent) * average / 100;
     }
     bool IsOutside(NoiseMarkKind kind, int value) const
     {

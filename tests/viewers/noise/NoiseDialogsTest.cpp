@@ -3,7 +3,7 @@
 #include "tests/TempFolder.h"
 #include "tests/viewers/noise/NoiseFiles.h"
 #include "viewers/controls/PositionUnit.h"
-#include "viewers/noise/CNCTest_Dialog.h"
+#include "viewers/live/CNCTest_Dialog.h"
 #include "viewers/noise/CNoiseTestControl.h"
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
 

@@ -1,4 +1,4 @@
-#include "viewers/oscilloscope/SidePanelArea.h"
+#include "viewers/controls/SidePanelArea.h"
 
 #include <QEvent>
 #include <QScrollBar>
