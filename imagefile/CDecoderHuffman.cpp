@@ -4,7 +4,6 @@
 #include "imagefile/TifBits.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 #include <utility>
 
@@ -20,8 +19,27 @@ constexpr std::size_t kSentinels = 4;
 constexpr std::size_t kPlainRoom = 64;
 /// So many bytes of input must be at hand then: four refills, of which each uses up to 7.
 constexpr std::size_t kPlainBytes = 48;
-/// The most V0 codes, one bit each, that are taken from a window at a time.
-constexpr int kMostRepeats = 32;
+
+/// Where decoding stands in the row and in the one above; the names are those of T.6.
+struct CodeWalk {
+    std::int32_t a0;
+    const std::int32_t* b1;
+    std::int32_t* a1; ///< Where the next change goes.
+    bool isBlack;
+
+    /// Goes on to a place right of a0, which is a change or, at a pass code, none.
+    void PutIf(bool isChange, std::int32_t place)
+    {
+        *a1 = place;
+        a1 += isChange;
+        isBlack ^= isChange;
+        a0 = place;
+        b1 += 2 - isChange;
+        // Left of b1 the change before can be the next one, right of b1 the next one can be passed.
+        if (static_cast<int>(b1[-2] > a0) | static_cast<int>(b1[0] <= a0)) [[unlikely]]
+            b1 += b1[0] <= a0 ? 2 : -2;
+    }
+};
 
 /// Adds a run of at most one make-up code to a position.
 bool AddPlainRun(BitWindow& window, bool isBlack, std::int32_t& position)
@@ -40,6 +58,35 @@ bool AddPlainRun(BitWindow& window, bool isBlack, std::int32_t& position)
     return meaning.kind == Kind::Terminating;
 }
 
+/// Does nothing and returns false when the code's runs are not plain.
+bool TakeHorizontal(BitWindow& given, CodeWalk& walk, std::int32_t width)
+{
+    BitWindow window = given;
+    window.Drop(kHorizontalCode.length);
+    window.Refill();
+    const CcittStep step = kSteps[walk.isBlack][window.bits >> (64 - kStepBits)];
+    window.Drop(step.bits);
+    std::int32_t a1 = std::max(walk.a0, 0) + step.first;
+    std::int32_t a2 = a1 + step.second;
+    if (step.ended != 2) {
+        if (step.ended == 0 && !AddPlainRun(window, walk.isBlack, a1))
+            return false;
+        a2 = a1;
+        if (!AddPlainRun(window, !walk.isBlack, a2))
+            return false;
+    }
+    if (a1 >= a2 || a2 >= width || a1 <= walk.a1[-1])
+        return false;
+    walk.a1[0] = a1;
+    walk.a1[1] = a2;
+    walk.a1 += 2;
+    walk.a0 = a2;
+    while (*walk.b1 <= a2)
+        walk.b1 += 2;
+    given = window;
+    return true;
+}
+
 } // namespace
 
 CTIFReader::CDecoderHuffman::CDecoderHuffman(
@@ -53,10 +100,11 @@ CTIFReader::CDecoderHuffman::CDecoderHuffman(
     for (Changes* changes : {&m_row, &m_reference}) {
         changes->memory = std::make_unique_for_overwrite<std::int32_t[]>(
             1 + m_uMostChanges + kPlainRoom + kSentinels);
-        changes->memory[0] = 0;
+        changes->memory[0] = -1;
         changes->positions = changes->memory.get() + 1;
         std::fill_n(changes->positions, kSentinels, m_iWidth);
     }
+    m_turns = std::make_unique<std::uint64_t[]>(width / 64 + 2);
 }
 
 /// The row in front of a strip is white.
@@ -78,29 +126,34 @@ ImageResult CTIFReader::CDecoderHuffman::DecodeLine(std::uint8_t* row)
     return result;
 }
 
-/// Flips the rest of the word that is going on at each change of colour.
-void CTIFReader::CDecoderHuffman::Draw(std::uint8_t* row) const
+/// Marks each change by turning the rest of its word round; how many changes come before a word
+/// then tells whether it is turned as a whole. Nothing here depends on what the row looks like,
+/// which no processor guesses well: going along the row from change to change took twice as long.
+void CTIFReader::CDecoderHuffman::Draw(std::uint8_t* row)
 {
     constexpr std::uint64_t kWhite = ~std::uint64_t{0};
-    std::uint8_t* const end = row + m_uBytesPerRow;
-    std::uint64_t word = kWhite;
-    std::int32_t first = 0; // Of the word, in pixels.
     // Where the last run is black, the row's end is one more change.
     const std::size_t count = m_row.count + m_row.IsBlack();
+    std::uint64_t* const turns = m_turns.get();
     for (std::size_t i = 0; i < count; ++i) {
-        const std::int32_t position = m_row.positions[i];
-        while (position - first >= 64) {
-            StoreBigEndian64(row, word);
-            row += sizeof(word);
-            first += 64;
-            word = std::uint64_t{0} - (word & 1);
-        }
-        word ^= kWhite >> (position - first);
+        const auto position = static_cast<std::uint32_t>(m_row.positions[i]);
+        turns[position / 64] ^= kWhite >> position % 64;
     }
-    for (; row != end; ++row) {
-        *row = static_cast<std::uint8_t>(word >> 56);
-        word = word << 8 | 0xff;
+    const std::size_t last =
+        count == 0 ? 0 : static_cast<std::uint32_t>(m_row.positions[count - 1]);
+    const std::size_t words = std::min(last / 64 + 1, m_uBytesPerRow / sizeof(std::uint64_t));
+    std::uint64_t word = kWhite;
+    for (std::size_t i = 0; i < words; ++i) {
+        const std::uint64_t turn = std::exchange(turns[i], 0);
+        StoreBigEndian64(row + i * sizeof(word), word ^ turn);
+        word ^= std::uint64_t{0} - (turn & 1);
     }
+    // Perhaps the last change lies in what is left of the row, or at its end.
+    const std::size_t done = words * sizeof(word);
+    std::memset(row + done, 0xff, m_uBytesPerRow - done);
+    word ^= std::exchange(turns[words], 0);
+    for (std::size_t i = done; i < std::min(done + sizeof(word), m_uBytesPerRow); ++i, word <<= 8)
+        row[i] = static_cast<std::uint8_t>(word >> 56);
 }
 
 // Plain codes, several at a time.
@@ -153,101 +206,34 @@ void CTIFReader::CDecoderHuffman::DecodePlainRuns(std::int32_t& position)
 
 void CTIFReader::CDecoderHuffman::DecodePlainCodes(std::int32_t& a0, std::size_t& b)
 {
-    using Kind = CcittMeaning::Kind;
+    constexpr int kCodesAWindow = 8; // Of up to 7 bits each.
     if (m_Stream.Ahead() < kPlainBytes)
         return;
     const std::uint8_t* const last = m_Stream.Next() + (m_Stream.Ahead() - kPlainBytes);
+    const std::int32_t* const most = m_row.positions + m_uMostChanges;
+    const std::int32_t width = m_iWidth;
     BitWindow window = OpenWindow();
-    const std::int32_t* const reference = m_reference.positions;
-    for (bool isPlain = true; isPlain && window.next <= last && m_row.count < m_uMostChanges;) {
+    CodeWalk walk{a0, m_reference.positions + b, m_row.positions + m_row.count, m_row.IsBlack()};
+    for (bool isPlain = true; isPlain && window.next <= last && walk.a1 < most;) {
         window.Refill();
-        // Ones are V0 codes: so many changes are those of the row above.
-        const int repeats = std::min(std::countl_one(window.bits), kMostRepeats);
-        if (repeats != 0) {
-            const std::size_t left = m_reference.count - std::min(b, m_reference.count);
-            const std::size_t count =
-                std::min<std::size_t>(static_cast<std::size_t>(repeats), left);
-            for (std::size_t i = 0; i < count; i += 4)
-                std::memcpy(m_row.positions + m_row.count + i, reference + b + i, 16);
-            m_row.count += count;
-            b += count;
-            window.Drop(static_cast<unsigned>(count));
-            if (count != 0)
-                a0 = reference[b - 1];
-            if (count < static_cast<std::size_t>(repeats))
+        for (int i = 0; i < kCodesAWindow; ++i) {
+            const CcittPlainMode mode = kPlainModes[window.bits >> (64 - kModeTableBits)];
+            if (mode.isHorizontal) {
+                isPlain = TakeHorizontal(window, walk, width);
                 break;
+            }
+            const std::int32_t place = walk.b1[mode.isPass] + mode.offset;
+            isPlain = place > walk.a0 && place < width;
+            if (!isPlain)
+                break;
+            walk.PutIf(!mode.isPass, place);
+            window.Drop(mode.bits);
         }
-        const CcittMeaning meaning = kModes[window.bits >> (64 - kModeTableBits)];
-        BitWindow behind = window;
-        behind.Drop(meaning.bits);
-        if (meaning.kind == Kind::Vertical)
-            isPlain = TakeVertical(meaning.value, a0, b);
-        else if (meaning.kind == Kind::Horizontal)
-            isPlain = TakeHorizontal(behind, a0, b);
-        else if (meaning.kind == Kind::Pass)
-            isPlain = TakePass(a0, b);
-        else
-            isPlain = false;
-        if (isPlain)
-            window = behind;
     }
+    a0 = walk.a0;
+    b = static_cast<std::size_t>(walk.b1 - m_reference.positions);
+    m_row.count = static_cast<std::size_t>(walk.a1 - m_row.positions);
     CloseWindow(window);
-}
-
-/// Each Take function does nothing and returns false when the code is not plain.
-bool CTIFReader::CDecoderHuffman::TakeVertical(int offset, std::int32_t& a0, std::size_t& b)
-{
-    const std::int32_t* const reference = m_reference.positions;
-    const std::int32_t a1 = reference[b] + offset;
-    if (a1 <= a0 || a1 >= m_iWidth || offset == kMostVertical)
-        return false;
-    m_row.positions[m_row.count++] = a1;
-    a0 = a1;
-    ++b;
-    // Left of b1 the change before can be the next one, right of b1 the next one can be passed.
-    if (offset < 0)
-        b -= b >= 2 && reference[b - 2] > a0 ? 2 : 0;
-    else
-        b += reference[b] <= a0 ? 2 : 0;
-    return true;
-}
-
-bool CTIFReader::CDecoderHuffman::TakePass(std::int32_t& a0, std::size_t& b)
-{
-    const std::int32_t b2 = m_reference.positions[b + 1];
-    if (b2 >= m_iWidth)
-        return false;
-    a0 = b2;
-    b += 2;
-    return true;
-}
-
-bool CTIFReader::CDecoderHuffman::TakeHorizontal(
-    BitWindow& window, std::int32_t& a0, std::size_t& b)
-{
-    const bool isBlack = m_row.IsBlack();
-    window.Refill();
-    const CcittStep step = kSteps[isBlack][window.bits >> (64 - kStepBits)];
-    window.Drop(step.bits);
-    std::int32_t a1 = std::max(a0, 0) + step.first;
-    std::int32_t a2 = a1 + step.second;
-    if (step.ended != 2) {
-        if (step.ended == 0 && !AddPlainRun(window, isBlack, a1))
-            return false;
-        a2 = a1;
-        if (!AddPlainRun(window, !isBlack, a2))
-            return false;
-    }
-    const std::int32_t before = m_row.positions[static_cast<std::ptrdiff_t>(m_row.count) - 1];
-    if (a1 >= a2 || a2 >= m_iWidth || (m_row.count != 0 && a1 <= before))
-        return false;
-    m_row.positions[m_row.count] = a1;
-    m_row.positions[m_row.count + 1] = a2;
-    m_row.count += 2;
-    a0 = a2;
-    while (m_reference.positions[b] <= a0)
-        b += 2;
-    return true;
 }
 
 // One code at a time, checked.

@@ -29,7 +29,7 @@ private:
     /// one stands the width several times.
     struct Changes {
         std::unique_ptr<std::int32_t[]> memory;
-        std::int32_t* positions = nullptr; ///< In front of it stands a 0.
+        std::int32_t* positions = nullptr; ///< In front of it stands -1.
         std::size_t count = 0;
 
         bool IsBlack() const { return count % 2 != 0; }
@@ -39,9 +39,6 @@ private:
     ImageResult DecodeTwoDimensional();
     void DecodePlainRuns(std::int32_t& position);
     void DecodePlainCodes(std::int32_t& a0, std::size_t& b);
-    bool TakeVertical(int offset, std::int32_t& a0, std::size_t& b);
-    bool TakePass(std::int32_t& a0, std::size_t& b);
-    bool TakeHorizontal(BitWindow& window, std::int32_t& a0, std::size_t& b);
     ImageResult DecodeCode(std::int32_t& a0, std::size_t& b);
     ImageResult DecodeHorizontal(std::int32_t& a0);
     ImageResult DecodeVertical(std::int32_t b1, int offset, std::int32_t& a0);
@@ -55,14 +52,15 @@ private:
     void AlignToByte();
     ImageResult EndRun(std::int32_t position);
     void EndFailedRow(std::int32_t position);
-    void Draw(std::uint8_t* row) const;
+    void Draw(std::uint8_t* row);
 
     ImageResult (CDecoderHuffman::*m_decodeRow)();
     std::int32_t m_iWidth;
     std::size_t m_uMostChanges;
     Changes m_row;
     Changes m_reference;
-    unsigned m_usedBits = 0; ///< Of the stream's next byte.
+    std::unique_ptr<std::uint64_t[]> m_turns; ///< Used while drawing, all 0 else.
+    unsigned m_usedBits = 0;                  ///< Of the stream's next byte.
 };
 
 } // namespace vireo

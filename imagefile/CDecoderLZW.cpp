@@ -3,6 +3,7 @@
 #include "imagefile/TifBits.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace vireo {
@@ -33,12 +34,20 @@ constexpr std::size_t kOutputBytes = kRoots + kDropBytes + kMostAhead + kMostBet
 /// So many codes are taken from one load of 64 bits, of which 57 are there at least.
 constexpr std::uint32_t kBatch = 4;
 
-/// Copies a string that lies further back than it is long.
+/// The places may overlap where only the step's first bytes are wanted.
+void CopyStep(std::uint8_t* to, const std::uint8_t* from)
+{
+    std::array<std::uint8_t, kStep> step;
+    std::memcpy(step.data(), from, kStep);
+    std::memcpy(to, step.data(), kStep);
+}
+
+/// Copies a string that lies at least as far back as it is long.
 void CopyApart(std::uint8_t* to, const std::uint8_t* from, std::size_t length)
 {
-    std::memcpy(to, from, kStep);
+    CopyStep(to, from);
     for (std::size_t done = kStep; done < length; done += kStep)
-        std::memcpy(to + done, from + done, kStep);
+        CopyStep(to + done, from + done);
 }
 
 /// Copies the string before and its first byte, right behind that string.

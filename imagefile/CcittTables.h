@@ -83,6 +83,34 @@ inline constexpr auto kWhiteRuns = ccitt::MakeRunTable(kWhiteTerminatingCodes, k
 inline constexpr auto kBlackRuns = ccitt::MakeRunTable(kBlackTerminatingCodes, kBlackMakeUpCodes);
 inline constexpr auto kModes = ccitt::MakeModeTable();
 
+/// A mode code for the fast way.
+struct CcittPlainMode {
+    std::int32_t offset = 0; ///< Of a1 or, with a pass code, a0 from b1 or b2.
+    std::uint8_t bits = 0;
+    bool isPass = false;
+    bool isHorizontal = false;
+};
+
+namespace ccitt {
+/// A code that is not plain puts a1 left of any row. So does VR3, which can pass two changes.
+constexpr std::array<CcittPlainMode, std::size_t{1} << kModeTableBits> MakePlainModes()
+{
+    using Kind = CcittMeaning::Kind;
+    constexpr std::int32_t kNowhere = -0x40000000;
+    std::array<CcittPlainMode, std::size_t{1} << kModeTableBits> modes;
+    for (std::size_t i = 0; i < modes.size(); ++i) {
+        const CcittMeaning meaning = kModes[i];
+        const bool isPlain = meaning.kind == Kind::Pass || meaning.kind == Kind::Horizontal
+            || (meaning.kind == Kind::Vertical && meaning.value != kMostVertical);
+        modes[i] = {isPlain ? meaning.value : kNowhere, meaning.bits, meaning.kind == Kind::Pass,
+            meaning.kind == Kind::Horizontal};
+    }
+    return modes;
+}
+} // namespace ccitt
+
+inline constexpr auto kPlainModes = ccitt::MakePlainModes();
+
 /// What one look at the next bits gives when they are plain: the pixels of the run that is going
 /// on and, where the bits suffice, those of the next run, which has the other colour. Codes of no
 /// pixels at all are not plain, so that changes of colour ascend.
