@@ -148,7 +148,8 @@ bool LineAcquisition::WaitForOrders(Orders& orders)
 {
     std::unique_lock lock(m_mutex);
     m_wake.wait(lock, [this] { return m_bEnd || m_orders.runs || !m_orders.changes.empty(); });
-    if (m_bEnd && m_orders.changes.empty())
+    // A scanner that is lost is not opened anew only to be changed and closed.
+    if (m_bEnd && (m_bLost || m_orders.changes.empty()))
         return false;
     orders = std::exchange(m_orders, {});
     m_orders.runs = orders.runs && !m_bEnd;

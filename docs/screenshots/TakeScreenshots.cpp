@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QPixmap>
 #include <QTemporaryDir>
 #include <QTest>
@@ -142,6 +143,8 @@ bool Photograph(const Shot& shot, const QString& target)
     constexpr int kLive = 1300;
     QTest::qWait(*shot.sample == '\0' ? kLive : 150);
     good = dialog->grab().save(target) && good;
+    if (const auto* const rate = dialog->findChild<QLabel*>(QStringLiteral("rateText")))
+        std::printf("%s: %s\n", shot.name, qPrintable(rate->text()));
     dialog->close();
     return good;
 }

@@ -1,7 +1,14 @@
 #include "app/FileKind.h"
 #include "app/ViewerTable.h"
 #include "platform/Message.h"
+#include "platform/Path.h"
+#include "scanner/ScannerChoice.h"
+#include "tests/TempFolder.h"
 #include "viewers/controls/PictureMark.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -67,4 +74,26 @@ TEST(ViewerTableTest, EveryViewerThatAFileCanAskForHasItsOwnMessage)
         EXPECT_EQ(messages.Messages()[0].text.find("unknown"), std::string::npos) << viewer;
     }
     EXPECT_EQ(texts.size(), viewers.size());
+}
+
+TEST(ProgramViewersTest, TheLiveTestsRunOnTheSimulatedScanner)
+{
+    const TempFolder settings;
+    for (const char* name : {"XDG_CONFIG_HOME", "APPDATA"})
+        qputenv(name, QByteArray::fromStdString(Utf8FromPath(settings.Path())));
+    KeepSimulated(ScannerSettingsFile(), true);
+    const MessageRecorder messages; // The station has no limit for the noise.
+    for (const char* viewer : {"CLPF_Dialog", "CNCTest_Dialog"}) {
+        ViewerTable viewers = ProgramViewers();
+        EXPECT_TRUE(viewers.Prepare(viewer, nullptr));
+        std::string opened;
+        QTimer::singleShot(0, [&] {
+            if (QWidget* const dialog = QApplication::activeModalWidget()) {
+                opened = dialog->metaObject()->className();
+                dialog->close();
+            }
+        });
+        EXPECT_TRUE(viewers.OpenViewer(viewer, {}, nullptr));
+        EXPECT_EQ(opened, std::string("vireo::") + viewer);
+    }
 }

@@ -70,6 +70,11 @@ CLiveBar::CLiveBar(CLiveScanner& scanner, QWidget* parent)
     connect(m_startButton, &QPushButton::clicked, this, &CLiveBar::OnStartStop);
     connect(&scanner, &CLiveScanner::RunningChanged, this, &CLiveBar::ShowRunning);
     connect(&scanner, &CLiveScanner::LineTaken, this, &CLiveBar::ShowLine);
+    // What is wrong with a value is told after this, and is of no interest after the next value.
+    connect(&scanner, &CLiveScanner::ValuesChanged, this, [this] {
+        if (m_scanner.IsRunning())
+            m_failureText->hide();
+    });
     connect(&scanner, &CLiveScanner::Failed, this, &CLiveBar::ShowFailure);
     ShowRunning();
 }
@@ -91,7 +96,7 @@ void CLiveBar::ShowRunning()
     m_startButton->setIcon(
         style()->standardIcon(runs ? QStyle::SP_MediaStop : QStyle::SP_MediaPlay));
     m_startButton->setToolTip(
-        runs ? tr("Take no more lines (Space)") : tr("Take lines from the scanner (Space)"));
+        runs ? tr("Take no more lines (Alt+T)") : tr("Take lines from the scanner (Alt+T)"));
     m_rateText->setEnabled(runs);
     if (!runs)
         m_rateText->setText(tr("stopped"));

@@ -167,7 +167,8 @@ void CNoiseBase_Dialog::OnSave()
 
 void CNoiseBase_Dialog::OnExportLine()
 {
-    std::filesystem::path proposed = m_data.Path();
+    // A line that was not read from a file has no name yet.
+    std::filesystem::path proposed = m_data.Path().empty() ? "Noise" : m_data.Path();
     proposed.replace_extension(".csv");
     const std::filesystem::path target = AskForFileToSave(
         this, {tr("Export Line"), tr("Table (*.csv)"), QStringLiteral("csv")}, proposed);
