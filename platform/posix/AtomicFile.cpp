@@ -3,6 +3,7 @@
 #include "platform/posix/SystemError.h"
 
 #include <algorithm>
+#include <csignal>
 #include <fcntl.h>
 #include <limits>
 #include <optional>
@@ -49,6 +50,14 @@ FileStatus CheckTarget(const std::filesystem::path& target, AtomicFile::Links li
     return access(target.c_str(), W_OK) == 0 ? FileStatus::Ok : StatusFromError(errno);
 }
 
+/// Where the user may write no more than so much into a file, a write is to fail as on a full disk;
+/// else the system ends the program and leaves half a file.
+void FailWritesAtSizeLimit()
+{
+    static const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(before);
+}
+
 /// Makes the renaming itself lasting. Some file systems cannot, which takes nothing from the file.
 void FlushFolder(const std::filesystem::path& file)
 {
@@ -80,6 +89,7 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
         return m_status;
     m_bReplaces = permissions.has_value();
 
+    FailWritesAtSizeLimit();
     const std::filesystem::path temporary = TemporaryName(m_target);
     m_descriptor = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (m_descriptor < 0)

@@ -38,6 +38,23 @@ TEST(TiffAnalyse, TellsWhatItCanOfAFileThatFails)
     EXPECT_EQ(object["pixels_sha256"], nullptr);
 }
 
+#ifndef _WIN32
+TEST(TiffConvert, AWriteThatFailsLeavesTheOldFileAndOneMessage)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("out.tif", "old");
+    const ProgramRun run = RunTool("sh",
+        {"-c", "ulimit -f 8; exec \"$@\"", "sh", VIREO_CLI, "convert",
+            std::string(VIREO_SAMPLES) + "/picture-rgb.tif", "-o", Text(target), "--compression",
+            "none"});
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.Errors().size(), 1U) << run.error;
+    EXPECT_NE(run.error.find("Can't write tif-file"), std::string::npos) << run.error;
+    EXPECT_EQ(TempFolder::Read(target), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+#endif
+
 /// A folder of TIFF files from the wild, with EXPECTED.jsonl: a line a file, whose "expect" names
 /// members of what analyse says. Of the result, "any" and "error" leave the code open, and a list
 /// gives codes of which any will do.
