@@ -46,6 +46,7 @@ CLiveBar::CLiveBar(CLiveScanner& scanner, QWidget* parent)
     m_startButton->setAutoDefault(false);
     auto* const scannerText = MakeText("scannerText", this);
     scannerText->setText(QStringFromText(ScannerText(scanner.Identity())));
+    scannerText->setToolTip(scannerText->text());
     // A long name must not keep the window from getting narrow.
     scannerText->setMinimumWidth(80);
     scannerText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
