@@ -1,5 +1,8 @@
 #include "app/ViewerTable.h"
 #include "scanner/ScannerChoice.h"
+#include "viewers/adjustment/CAdjustCenterCCD_Dialog.h"
+#include "viewers/adjustment/CVerticalCameraVerification_Dialog.h"
+#include "viewers/lightprofile/CView_LPF_Dialog.h"
 #include "viewers/live/CLPF_Dialog.h"
 #include "viewers/live/CNCTest_Dialog.h"
 #include "viewers/live/ScannerOpening.h"
@@ -70,6 +73,18 @@ ViewerTable ProgramViewers()
     viewers.Add("CNoiseTest_SM_Dialog",
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
             CNoiseTest_SM_Dialog(file, parent).exec();
+        });
+    viewers.Add(
+        "CView_LPF_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CView_LPF_Dialog(file, parent).exec();
+        });
+    viewers.Add("CAdjustCenterCCD_Dialog",
+        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CAdjustCenterCCD_Dialog(file, parent).exec();
+        });
+    viewers.Add("CVerticalCameraVerification_Dialog",
+        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+            CVerticalCameraVerification_Dialog(file, parent).exec();
         });
     AddLiveTests(viewers);
     viewers.Add(

@@ -35,6 +35,7 @@ struct LoadedPlot {
     std::string failure;
 };
 LoadedPlot LoadOscilloscopePlot(const BenchSettings& settings);
+LoadedPlot LoadLightProfilePlot(const BenchSettings& settings);
 LoadedPlot LoadNoisePlot(const BenchSettings& settings);
 LoadedPlot LoadTiffPlot(const BenchSettings& settings);
 LoadedPlot LoadTonalPlot(const BenchSettings& settings);

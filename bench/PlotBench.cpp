@@ -35,6 +35,7 @@ constexpr PlotRow kPlots[] = {
     {FileKind::Oscilloscope, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Mtf, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Noise, {1600, 500}, LoadNoisePlot},
+    {FileKind::LightProfile, {1600, 500}, LoadLightProfilePlot},
     {FileKind::Tiff, {1600, 1000}, LoadTiffPlot},
     {FileKind::TonalResolution, {1600, 500}, LoadTonalPlot},
     {FileKind::StarTest, {1600, 500}, LoadStarTestPlot},

@@ -2,8 +2,14 @@
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "cli/Output.h"
+#include "cli/json/AdjustmentJson.h"
+#include "cli/json/LightProfileJson.h"
 #include "cli/json/OscilloscopeJson.h"
 #include "cli/json/StarTestJson.h"
+#include "viewers/adjustment/AdjustmentData.h"
+#include "viewers/adjustment/AdjustmentExport.h"
+#include "viewers/controls/SampleExport.h"
+#include "viewers/lightprofile/LightProfileData.h"
 #include "viewers/noise/NoiseData.h"
 #include "viewers/noise/NoiseExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
@@ -46,6 +52,25 @@ std::string ExportNoise(const Subject& subject, const Settings& settings)
     return DescribeOutput(settings.output, ExportNoiseAsCsv(settings.output, data));
 }
 
+std::string ExportLightProfile(const Subject& subject, const Settings& settings)
+{
+    LightProfileData data;
+    if (std::string failure = OpenLightProfile(subject, settings.line, data); !failure.empty())
+        return failure;
+    return DescribeOutput(settings.output,
+        ExportSamplesAsCsv(
+            settings.output, data.Lines(), data.Cameras(), data.FirstShown(), settings.line));
+}
+
+std::string ExportAdjustment(const Subject& subject, const Settings& settings)
+{
+    AdjustmentData data;
+    if (std::string failure = OpenAdjustment(subject, settings.line, data); !failure.empty())
+        return failure;
+    return DescribeOutput(
+        settings.output, ExportAdjustmentAsCsv(settings.output, data, settings.line));
+}
+
 std::string ExportTonal(const Subject& subject, const Settings& settings)
 {
     TonalResolutionData data;
@@ -85,6 +110,9 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, ExportOscilloscope},
     {FileKind::Mtf, ExportOscilloscope},
     {FileKind::Noise, ExportNoise},
+    {FileKind::LightProfile, ExportLightProfile},
+    {FileKind::AdjustCenterCcd, ExportAdjustment},
+    {FileKind::VerticalCameraVerification, ExportAdjustment},
     {FileKind::TonalResolution, ExportTonal},
     {FileKind::StarTest, ExportStarTest},
     {FileKind::Stitch, ExportStitch},

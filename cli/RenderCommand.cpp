@@ -3,6 +3,8 @@
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "cli/Output.h"
+#include "cli/render/AdjustmentPicture.h"
+#include "cli/render/LightProfilePicture.h"
 #include "cli/render/NoisePicture.h"
 #include "cli/render/OscilloscopePicture.h"
 #include "cli/render/StarTestPicture.h"
@@ -123,6 +125,9 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Oscilloscope, RenderOscilloscope},
     {FileKind::Mtf, RenderOscilloscope},
     {FileKind::Noise, RenderNoise},
+    {FileKind::LightProfile, RenderLightProfile},
+    {FileKind::AdjustCenterCcd, RenderAdjustment},
+    {FileKind::VerticalCameraVerification, RenderAdjustment},
     {FileKind::Tiff, RenderTiff},
     {FileKind::TonalResolution, RenderTonal},
     {FileKind::StarTest, RenderStarTest},

@@ -1,5 +1,7 @@
 #include "samples/OscilloscopeSamples.h"
 
+#include "samples/LittleEndian.h"
+
 namespace vireo {
 
 namespace {
@@ -64,12 +66,6 @@ void AppendLines(std::string& bytes, ScanModel& model, const OscilloscopeSetup& 
         }
         bytes.append(line.begin(), line.end());
     }
-}
-
-void AppendInteger(std::string& bytes, std::uint64_t value, int size)
-{
-    for (int i = 0; i < size; ++i)
-        bytes += static_cast<char>(static_cast<unsigned char>(value >> (8 * i)));
 }
 
 /// The modulation, in percent, of five line frequencies: falls with the frequency and towards the

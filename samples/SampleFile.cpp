@@ -1,6 +1,8 @@
 #include "samples/SampleFile.h"
 
+#include "samples/AdjustmentSamples.h"
 #include "samples/DumpSample.h"
+#include "samples/LightProfileSamples.h"
 #include "samples/NoiseSamples.h"
 #include "samples/OscilloscopeSamples.h"
 #include "samples/StarTestSamples.h"
@@ -22,6 +24,10 @@ std::vector<SampleFile> AllSamples()
     for (SampleFile& file : TonalSamples())
         files.push_back(std::move(file));
     files.push_back(DumpSample(files));
+    for (SampleFile& file : LightProfileSamples())
+        files.push_back(std::move(file));
+    for (SampleFile& file : AdjustmentSamples())
+        files.push_back(std::move(file));
     for (SampleFile& file : TiffSamples())
         files.push_back(std::move(file));
     return files;

@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 #include "testfile/HeaderNames.h"
 
+#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -91,6 +92,14 @@ void TestFileHeader::LoadProbe(const PositionalFile& file)
 {
     std::array<std::uint8_t, kProbeBytes> bytes{};
     SetText(ReadStart(file, bytes));
+}
+
+void TestFileHeader::LoadKeys(const PositionalFile& file, std::string_view end)
+{
+    std::vector<std::uint8_t> bytes(
+        static_cast<std::size_t>(std::min<std::uint64_t>(file.Size(), kMaxHeaderBytes)));
+    const std::string_view text = ReadStart(file, bytes);
+    SetText(end.empty() ? text : text.substr(0, text.find(end)));
 }
 
 std::int32_t TestFileHeader::DataOffset() const

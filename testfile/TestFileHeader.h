@@ -63,6 +63,10 @@ public:
     /// Takes the first 100 bytes of a file, by which it is recognised.
     void LoadProbe(const PositionalFile& file);
 
+    /// Takes the keys of a file that tells no data offset: up to the first `end` in it, or, with an
+    /// empty `end`, all of it; never more than kMaxHeaderBytes.
+    void LoadKeys(const PositionalFile& file, std::string_view end);
+
     /// The integer of the 10 characters behind the first '='; 0 when there is none. Not checked
     /// against any file.
     std::int32_t DataOffset() const;

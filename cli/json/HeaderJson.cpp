@@ -35,13 +35,7 @@ bool HasDataPointer(const TestFileHeader& header)
 void TakeTextAsHeader(const PositionalFile& file, FileKind kind, LoadedHeader& loaded)
 {
     constexpr std::string_view kStarTestData = "BEGIN_DATA";
-    std::string text(static_cast<std::size_t>(
-                         std::min<std::uint64_t>(file.Size(), TestFileHeader::kMaxHeaderBytes)),
-        '\0');
-    text.resize(file.ReadAt(0, {reinterpret_cast<std::uint8_t*>(text.data()), text.size()}));
-    if (kind == FileKind::StarTest)
-        text.resize(std::min(text.find(kStarTestData), text.size()));
-    loaded.header.SetText(text);
+    loaded.header.LoadKeys(file, kind == FileKind::StarTest ? kStarTestData : std::string_view());
 }
 
 bool HasNoDataOffset(FileKind kind)

@@ -39,6 +39,7 @@ struct Shot {
     std::vector<const char*> commands{}; ///< Texts of menu commands, before the clicks.
     int downKeys = 0;                    ///< The arrow key, on the widget "plot", before all else.
     QPointF pointer{};                   ///< Where it rests, as shares of the widget "plot".
+    const char* child = nullptr;         ///< A menu command whose own dialog is taken instead.
 };
 
 const Shot kShots[] = {
@@ -55,6 +56,17 @@ const Shot kShots[] = {
         {1200, 760}, {}},
     {"oscilloscope-mtf", "COscilloscope_Dialog", "mtf.con", {1200, 760}, {}},
     {"dump", "COscilloscope_Dialog", "dump/test-run.con", {1200, 760}, {}},
+    {"light-profile", "CView_LPF_Dialog", "light-profile-gray.con", {1200, 760}, {}},
+    {"light-profile-signed", "CView_LPF_Dialog", "light-profile-signed.con", {1200, 760},
+        {"cameraBButton", "boundaryButton"}},
+    {"light-profile-binary", "CView_LPF_Dialog", "light-profile-binary.con", {900, 560}, {}},
+    {"adjust-center-ccd", "CAdjustCenterCCD_Dialog", "adjust-center-ccd.con", {1100, 560}, {}},
+    {"adjustment-picture", "CVerticalCameraVerification_Dialog", "mirror-carriage-adjustment.con",
+        {1100, 480}, {}},
+    {"adjustment-unexplained", "CVerticalCameraVerification_Dialog",
+        "vertical-camera-verification.con", {1000, 480}, {}},
+    {"header", "CView_LPF_Dialog", "light-profile-signed.con", {1200, 760}, {}, {}, 0, {},
+        "Show &Header"},
     {"noise", "CNoiseTest_SM_Dialog", "noise-color.con", {1100, 520}, {}},
     {"noise-check", "CNCTest_Dialog", "noise-color.con", {860, 360}, {}},
     {"tonal-best-fit", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600}, {}},
@@ -126,6 +138,20 @@ bool ArrangePlot(QWidget& dialog, const Shot& shot)
     return true;
 }
 
+/// Saves the picture of the dialog that a command opens over the open one.
+bool PhotographChild(QWidget& dialog, const char* command, const QString& target)
+{
+    bool good = false;
+    QTimer::singleShot(150, [&] {
+        QWidget* const child = OpenDialog();
+        if (!child || child == &dialog)
+            return;
+        good = child->grab().save(target);
+        child->close();
+    });
+    return RunCommand(dialog, command) && good;
+}
+
 /// Arranges the open dialog and saves its picture. Returns whether all went as planned.
 bool Photograph(const Shot& shot, const QString& target)
 {
@@ -142,7 +168,10 @@ bool Photograph(const Shot& shot, const QString& target)
     // How many lines come is counted for half a second.
     constexpr int kLive = 1300;
     QTest::qWait(*shot.sample == '\0' ? kLive : 150);
-    good = dialog->grab().save(target) && good;
+    if (shot.child)
+        good = PhotographChild(*dialog, shot.child, target) && good;
+    else
+        good = dialog->grab().save(target) && good;
     if (const auto* const rate = dialog->findChild<QLabel*>(QStringLiteral("rateText")))
         std::printf("%s: %s\n", shot.name, qPrintable(rate->text()));
     dialog->close();

@@ -108,7 +108,7 @@ TEST(ProfileCurve, HandsOutTheSamplesInViewAndTheirNeighbours)
     EXPECT_EQ(middle.first, 9);
     EXPECT_EQ(middle.samples.size(), 8U); // 9 to 16: 15.2 lies in 15, and one more
     EXPECT_EQ(SamplesInView(samples, {0.0, 100.0}).samples.size(), 100U);
-    EXPECT_TRUE(SamplesInView({}, {0.0, 8.0}).samples.empty());
+    EXPECT_TRUE(SamplesInView(std::span<const std::uint8_t>(), {0.0, 8.0}).samples.empty());
 }
 
 } // namespace

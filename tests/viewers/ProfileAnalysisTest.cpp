@@ -96,7 +96,7 @@ TEST(Boundary, ComparesTheMeansOfItsSides)
     EXPECT_DOUBLE_EQ(means->Step(), 9.0);
     EXPECT_FALSE(MeasureBoundary(samples, 0, 4));
     EXPECT_FALSE(MeasureBoundary(samples, 100, 4));
-    EXPECT_FALSE(MeasureBoundary({}, 50, 4));
+    EXPECT_FALSE(MeasureBoundary(std::span<const std::uint8_t>(), 50, 4));
 }
 
 TEST(Transition, LiesAtTheCentreOfTheSlope)

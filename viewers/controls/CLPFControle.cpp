@@ -42,6 +42,12 @@ void CLPFControle::SetCameras(const ProfileCameras& cameras)
     Recompose();
 }
 
+void CLPFControle::SetUnit(const ProfileUnit& unit)
+{
+    m_content.unit = unit;
+    Redraw();
+}
+
 void CLPFControle::SetDetails(std::vector<const CLPFControle*> details)
 {
     m_details = std::move(details);
@@ -158,10 +164,10 @@ std::optional<CursorReading> CLPFControle::PositionAt(QPoint point) const
         return std::nullopt;
     CursorReading reading;
     reading.pixel = static_cast<std::int64_t>(std::floor(scale.PixelAt(point.x())));
-    const auto& samples = m_content.line->Of(PlaneOf(m_content.shown)).samples;
-    if (reading.pixel < 0 || reading.pixel >= static_cast<std::int64_t>(samples.size()))
+    const auto value = m_content.line->ValueAt(PlaneOf(m_content.shown), reading.pixel);
+    if (!value)
         return std::nullopt;
-    reading.value = samples[static_cast<std::size_t>(reading.pixel)];
+    reading.value = *value;
     reading.camera = m_content.cameras.CameraAt(reading.pixel);
     if (m_content.cameras.pixelPitchMm > 0.0)
         reading.positionMm = static_cast<double>(reading.pixel) * m_content.cameras.pixelPitchMm;

@@ -31,6 +31,8 @@ public:
     void SetLine(const ProfileLine* line, ShownColour shown);
     void SetShownColour(ShownColour shown);
     void SetCameras(const ProfileCameras& cameras);
+    /// The unit of positions; millimetres at first.
+    void SetUnit(const ProfileUnit& unit);
     /// The views whose stretches an overview marks; not owned.
     void SetDetails(std::vector<const CLPFControle*> details);
 

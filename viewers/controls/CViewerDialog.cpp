@@ -4,6 +4,7 @@
 #include "resources/ControlIds.h"
 #include "resources/StringTable.h"
 #include "viewers/controls/CAboutDlg.h"
+#include "viewers/controls/CHeaderText_Dialog.h"
 #include "viewers/controls/Placement.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/Resources.h"
@@ -115,7 +116,19 @@ QAction* CViewerDialog::AcceleratorAction(int command) const
     return found == m_accelerators.end() ? nullptr : found->second;
 }
 
-void CViewerDialog::OnAcceleratorCommand(int) { }
+void CViewerDialog::OnAcceleratorCommand(int command)
+{
+    if (command == CommandId::kShowHeader && !ShownFile().empty())
+        ShowFileHeader(ShownFile(), this);
+}
+
+void CViewerDialog::AddHeaderToFileMenu()
+{
+    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
+        header->setText(tr("Show &Header"));
+        AddToFileMenu(header);
+    }
+}
 
 void CViewerDialog::OnAbout()
 {

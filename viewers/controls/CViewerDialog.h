@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include <filesystem>
 #include <map>
 
 class QMenu;
@@ -41,8 +42,14 @@ protected:
     /// keys; null for a command that no accelerator gives.
     QAction* AcceleratorAction(int command) const;
 
-    /// A command of the accelerator table, or of the action behind it.
+    /// A command of the accelerator table, or of the action behind it. This class shows the header
+    /// of ShownFile().
     virtual void OnAcceleratorCommand(int command);
+
+    /// The file on view, whose header can be shown; empty for none.
+    virtual std::filesystem::path ShownFile() const { return {}; }
+    /// Puts "Show &Header" into the file menu.
+    void AddHeaderToFileMenu();
 
     /// Shows the about box, modally.
     virtual void OnAbout();

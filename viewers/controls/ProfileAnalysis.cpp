@@ -92,9 +92,11 @@ TargetEdges FindTargetEdges(std::span<const std::uint8_t> samples)
 
 namespace {
 
-double Mean(std::span<const std::uint8_t> samples)
+/// The sum of 32-bit samples fits: nobody holds 2^32 of them.
+template <typename Sample>
+double Mean(std::span<const Sample> samples)
 {
-    return static_cast<double>(std::accumulate(samples.begin(), samples.end(), std::uint64_t{0}))
+    return static_cast<double>(std::accumulate(samples.begin(), samples.end(), std::int64_t{0}))
         / static_cast<double>(samples.size());
 }
 
@@ -114,16 +116,29 @@ Stretch Around(std::size_t length, std::int64_t boundary, std::int64_t reach)
         static_cast<std::size_t>(std::clamp<std::int64_t>(boundary + reach, middle, limit))};
 }
 
-} // namespace
-
-std::optional<BoundaryMeans> MeasureBoundary(
-    std::span<const std::uint8_t> samples, std::int64_t boundary, std::int64_t reach)
+template <typename Sample>
+std::optional<BoundaryMeans> MeansAround(
+    std::span<const Sample> samples, std::int64_t boundary, std::int64_t reach)
 {
     const Stretch around = Around(samples.size(), boundary, reach);
     if (around.first == around.boundary || around.boundary == around.end)
         return std::nullopt;
     return BoundaryMeans{Mean(samples.subspan(around.first, around.boundary - around.first)),
         Mean(samples.subspan(around.boundary, around.end - around.boundary))};
+}
+
+} // namespace
+
+std::optional<BoundaryMeans> MeasureBoundary(
+    std::span<const std::uint8_t> samples, std::int64_t boundary, std::int64_t reach)
+{
+    return MeansAround(samples, boundary, reach);
+}
+
+std::optional<BoundaryMeans> MeasureBoundary(
+    std::span<const std::int32_t> samples, std::int64_t boundary, std::int64_t reach)
+{
+    return MeansAround(samples, boundary, reach);
 }
 
 std::optional<double> FindTransition(

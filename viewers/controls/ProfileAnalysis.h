@@ -44,6 +44,8 @@ struct BoundaryMeans {
 /// Means of up to `reach` pixels before and behind `boundary`; nothing where a side has none.
 std::optional<BoundaryMeans> MeasureBoundary(
     std::span<const std::uint8_t> samples, std::int64_t boundary, std::int64_t reach);
+std::optional<BoundaryMeans> MeasureBoundary(
+    std::span<const std::int32_t> samples, std::int64_t boundary, std::int64_t reach);
 
 /// Where the signal changes the most within `reach` pixels of `boundary`: the centre of gravity of
 /// the steepest slope, in pixels of the line to a part of a pixel. Nothing when no slope stands out

@@ -5,11 +5,13 @@ namespace vireo {
 
 namespace {
 
-QString CursorText(const CursorReading& reading)
+QString CursorText(const CursorReading& reading, const ProfileUnit& unit)
 {
     QString text = QStringLiteral("px %1").arg(reading.pixel);
     if (reading.positionMm)
-        text += QStringLiteral("   %1 mm").arg(*reading.positionMm, 0, 'f', 2);
+        text += QStringLiteral("   %1 ").arg(
+                    *reading.positionMm / unit.millimetres, 0, 'f', unit.decimals)
+            + QString::fromStdString(unit.symbol);
     if (reading.camera)
         text += QStringLiteral("   camera %1")
                     .arg(QLatin1Char(ProfileCameras::Letter(*reading.camera)));
@@ -24,7 +26,7 @@ void DrawProfileCursor(
     const ProfileScale scale = ScaleOf(content, size);
     const QPointF point(
         scale.XAt(static_cast<double>(reading.pixel) + 0.5), scale.YAt(reading.value));
-    DrawPlotCursor(painter, scale, point, CursorText(reading));
+    DrawPlotCursor(painter, scale, point, CursorText(reading, content.unit));
 }
 
 } // namespace vireo

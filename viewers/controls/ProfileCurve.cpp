@@ -32,6 +32,8 @@ CurveColumnsOf<Value> SumUpColumns(std::span<const std::type_identity_t<Value>> 
 
 template CurveColumnsOf<std::uint8_t> SumUpColumns(
     std::span<const std::uint8_t>, const RangePyramid<std::uint8_t>&, const ProfileView&, int);
+template CurveColumnsOf<std::int32_t> SumUpColumns(
+    std::span<const std::int32_t>, const RangePyramid<std::int32_t>&, const ProfileView&, int);
 template CurveColumnsOf<double> SumUpColumns(
     std::span<const double>, const RangePyramid<double>&, const ProfileView&, int);
 
@@ -89,6 +91,12 @@ CurveSamplesOf<Value> InView(std::span<const Value> samples, const ProfileView& 
 } // namespace
 
 CurveSamples SamplesInView(std::span<const std::uint8_t> samples, const ProfileView& view)
+{
+    return InView(samples, view);
+}
+
+CurveSamplesOf<std::int32_t> SamplesInView(
+    std::span<const std::int32_t> samples, const ProfileView& view)
 {
     return InView(samples, view);
 }

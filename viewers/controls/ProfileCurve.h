@@ -29,6 +29,8 @@ CurveColumnsOf<Value> SumUpColumns(std::span<const std::type_identity_t<Value>> 
     const RangePyramid<Value>& pyramid, const ProfileView& view, int columnCount);
 extern template CurveColumnsOf<std::uint8_t> SumUpColumns(
     std::span<const std::uint8_t>, const RangePyramid<std::uint8_t>&, const ProfileView&, int);
+extern template CurveColumnsOf<std::int32_t> SumUpColumns(
+    std::span<const std::int32_t>, const RangePyramid<std::int32_t>&, const ProfileView&, int);
 extern template CurveColumnsOf<double> SumUpColumns(
     std::span<const double>, const RangePyramid<double>&, const ProfileView&, int);
 
@@ -45,6 +47,8 @@ struct CurveSamplesOf {
 };
 using CurveSamples = CurveSamplesOf<std::uint8_t>;
 CurveSamples SamplesInView(std::span<const std::uint8_t> samples, const ProfileView& view);
+CurveSamplesOf<std::int32_t> SamplesInView(
+    std::span<const std::int32_t> samples, const ProfileView& view);
 CurveSamplesOf<double> ValuesInView(std::span<const double> values, const ProfileView& view);
 
 } // namespace vireo

@@ -72,7 +72,7 @@ std::vector<LegendEntry> LegendOf(const ProfilePlotContent& content)
     if (ShowsEveryPlane(content)) {
         const char* const names[] = {"Red", "Green", "Blue"};
         for (std::size_t i = 0; i < std::size(kPlanes); ++i)
-            if (!content.line->planes[i].samples.empty())
+            if (content.line->HasPlane(PlaneOf(kPlanes[i])))
                 legend.push_back({QString::fromLatin1(names[i]), TraceColour(kPlanes[i])});
     }
     for (std::size_t i = 0; i < content.line->extras.size(); ++i)
@@ -143,7 +143,8 @@ private:
     {
         m_furniture.DrawPositionAxis({"px", 1.0, 0});
         if (m_content.cameras.pixelPitchMm > 0.0)
-            m_furniture.DrawPositionAxis({"mm", m_content.cameras.pixelPitchMm, 1});
+            m_furniture.DrawPositionAxis({m_content.unit.symbol,
+                m_content.cameras.pixelPitchMm / m_content.unit.millimetres, 1});
     }
 
     /// The letters of the cameras in the band above the plot, and a line at each boundary.
@@ -175,20 +176,27 @@ private:
         for (const ProfileLine::ExtraTrace& trace : m_content.line->extras)
             DrawCurve(trace.trace, kExtraTraces[extra++ % std::size(kExtraTraces)]);
         if (!ShowsEveryPlane(m_content))
-            DrawCurve(m_content.line->Of(PlaneOf(m_content.shown)), TraceColour(m_content.shown));
+            DrawPlane(PlaneOf(m_content.shown), TraceColour(m_content.shown));
         else
             for (const ShownColour plane : kPlanes) {
                 QColor colour = TraceColour(plane);
                 constexpr int kSeeThrough = 190;
                 colour.setAlpha(kSeeThrough);
-                DrawCurve(m_content.line->Of(PlaneOf(plane)), colour);
+                DrawPlane(PlaneOf(plane), colour);
             }
         m_painter.restore();
     }
 
-    void DrawCurve(const ProfileLine::Trace& trace, const QColor& colour)
+    void DrawPlane(Plane plane, const QColor& colour)
     {
-        DrawTrace(m_painter, m_scale, {trace.samples, trace.pyramid}, colour);
+        DrawCurve(m_content.line->Of(plane), colour);
+        DrawCurve(m_content.line->WideOf(plane), colour);
+    }
+
+    template <typename Sample>
+    void DrawCurve(const ProfileLine::TraceWith<Sample>& trace, const QColor& colour)
+    {
+        DrawTrace(m_painter, m_scale, TraceOf<Sample>{trace.samples, trace.pyramid}, colour);
     }
 
     void DrawLevels()
@@ -292,6 +300,22 @@ QColor TraceColour(ShownColour shown)
     return {60, 64, 70};
 }
 
+namespace {
+
+/// Room for the longest number of the value axis: bytes need what every plot has.
+double LeftMargin(double low, double high)
+{
+    constexpr double kPerCharacter = 7.0;
+    constexpr double kBesideText = 19.0;
+    double characters = 0.0;
+    for (const double value : {low, high})
+        characters = std::max(characters,
+            std::floor(std::log10(std::max(std::abs(value), 1.0))) + (value < 0.0) + 1.0);
+    return std::max(PlotFurniture::kLeftMargin, kBesideText + kPerCharacter * characters);
+}
+
+} // namespace
+
 ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size)
 {
     ProfileScale scale;
@@ -302,11 +326,10 @@ ProfileScale ScaleOf(const ProfilePlotContent& content, QSizeF size)
     const bool hasTitleRow = !content.scene.title.empty() || !LegendOf(content).empty();
     const double above = (hasTitleRow ? PlotFurniture::kTitleHeight : 6.0) + kCameraBandHeight;
     const int tickRows = content.cameras.pixelPitchMm > 0.0 ? 2 : 1;
-    scale.left = PlotFurniture::kLeftMargin;
+    scale.left = LeftMargin(scale.low, scale.high);
     // Whole units keep the frame, the grid and the columns of a raster on device pixels.
     scale.top = std::floor(above);
-    scale.width =
-        std::max(std::floor(size.width() - PlotFurniture::kLeftMargin - kRightMargin), 1.0);
+    scale.width = std::max(std::floor(size.width() - scale.left - kRightMargin), 1.0);
     scale.height = std::max(std::floor(size.height() - above - PlotFurniture::kTickLength
                                 - tickRows * PlotFurniture::kRowHeight - 2.0),
         1.0);

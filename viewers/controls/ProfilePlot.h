@@ -29,6 +29,7 @@ struct ProfilePlotContent {
     ProfileCameras cameras;
     ProfileScene scene; ///< Its view is the stretch drawn.
     std::vector<ProfileStretch> stretches;
+    ProfileUnit unit = {}; ///< Of the second row of positions, where a pixel's width is known.
 };
 
 /// The colour in which a plane (or a gray line) is drawn on white.

@@ -38,9 +38,13 @@ std::string Millimetres(double pixels, const ProfileCameras& cameras)
 ProfileScene CameraScene(
     const ProfileRequest& request, const ProfileLine& line, const ProfileCameras& cameras)
 {
-    const auto start = static_cast<double>(cameras.Start(request.camera));
-    const auto end = static_cast<double>(cameras.End(request.camera));
+    // A line of which no cameras are known is one stretch.
+    const bool hasCameras = cameras.Count() > 0;
+    const auto start = static_cast<double>(hasCameras ? cameras.Start(request.camera) : 0);
+    const auto end = static_cast<double>(hasCameras ? cameras.End(request.camera) : line.Length());
     ProfileScene scene;
+    if (end <= start && !hasCameras)
+        return scene;
     if (end <= start) {
         scene.view = ProfileView::Whole(line.Length());
         scene.title = Format("Camera %c has no pixels", ProfileCameras::Letter(request.camera));
@@ -51,18 +55,43 @@ ProfileScene CameraScene(
         std::max(end - start, ProfileView::kShortest));
     const bool isLeft = request.side == ProfileSide::Left;
     scene.view = {isLeft ? start : end - length, length};
-    scene.title = Format("Camera %c, %s %.0f of %.0f pixels",
-        ProfileCameras::Letter(request.camera), isLeft ? "first" : "last", length, end - start);
+    if (hasCameras)
+        scene.title = Format("Camera %c, %s %.0f of %.0f pixels",
+            ProfileCameras::Letter(request.camera), isLeft ? "first" : "last", length, end - start);
+    else
+        scene.title =
+            Format("%s %.0f of %.0f pixels", isLeft ? "First" : "Last", length, end - start);
     return scene;
 }
 
-/// A range that shows values from `low` to `high` with some air, never narrower than 16 levels.
-void FitValues(ProfileScene& scene, double low, double high)
+/// Shows the values of a range with some air, never narrower than 16 levels.
+void FitValues(ProfileScene& scene, const ValueRange<std::int32_t>& range, bool isWide)
 {
     constexpr double kNarrowest = 16.0;
+    const double low = range.lowest;
+    const double high = range.highest;
     const double air = std::max((high - low) * 0.1, (kNarrowest - (high - low)) / 2.0);
-    scene.low = std::max(low - air, 0.0);
-    scene.high = std::min(high + air, 255.0);
+    scene.low = isWide ? low - air : std::max(low - air, 0.0);
+    scene.high = isWide ? high + air : std::min(high + air, 255.0);
+}
+
+/// 32-bit samples may lie anywhere: the whole line's values are shown, and stay where they are
+/// while the view moves.
+void FitToLine(ProfileScene& scene, const ProfileLine& line, ShownColour shown)
+{
+    ValueRange<std::int32_t> range;
+    for (const PlaneName& named : kPlaneNames)
+        if (shown == ShownColour::All || named.plane == PlaneOf(shown))
+            range.Include(line.RangeOf(named.plane, 0, line.Length()));
+    if (!range.IsEmpty())
+        FitValues(scene, range, true);
+}
+
+std::optional<BoundaryMeans> MeansAt(
+    const ProfileLine& line, Plane plane, std::int64_t boundary, std::int64_t reach)
+{
+    return line.IsWide() ? MeasureBoundary(line.WideOf(plane).samples, boundary, reach)
+                         : MeasureBoundary(line.Of(plane).samples, boundary, reach);
 }
 
 ProfileScene LightProfileScene(const ProfileRequest& request, const ProfileLine& line,
@@ -80,17 +109,14 @@ ProfileScene LightProfileScene(const ProfileRequest& request, const ProfileLine&
     const auto length = static_cast<double>(reach);
     scene.view = {isLeft ? middle - length : middle, length};
 
-    const auto samples = SamplesOf(line, plane);
-    const auto means = MeasureBoundary(samples, boundary, reach);
+    const auto means = MeansAt(line, plane, boundary, reach);
     const char left = ProfileCameras::Letter(leftCamera);
     const char right = ProfileCameras::Letter(leftCamera + 1);
     if (!means) {
         scene.title = Format("%c | %c: no data at this boundary", left, right);
         return scene;
     }
-    const SampleRange range =
-        line.Of(plane).pyramid.Range(samples, boundary - reach, boundary + reach);
-    FitValues(scene, range.lowest, range.highest);
+    FitValues(scene, line.RangeOf(plane, boundary - reach, boundary + reach), line.IsWide());
     // Away from the boundary, where the target's lines are.
     scene.levelLabelsAtLeft = isLeft;
     const auto level = [&](char camera, double mean, bool here) {
@@ -104,6 +130,8 @@ ProfileScene LightProfileScene(const ProfileRequest& request, const ProfileLine&
     if (!isLeft && means->left > 0.0)
         scene.title +=
             Format(", step %+.1f (%+.1f %%)", means->Step(), 100.0 * means->Step() / means->left);
+    else if (!isLeft && line.IsWide()) // Nothing that a share could be taken of.
+        scene.title += Format(", step %+.1f", means->Step());
     return scene;
 }
 
@@ -212,6 +240,8 @@ ProfileScene ComposeScene(const ProfileRequest& request, const ProfileLine& line
     ProfileRequest valid = request;
     valid.camera = std::clamp(request.camera, 0, ProfileCameras::kCameras - 1);
     ProfileScene scene = SceneOf(valid, line, shown, cameras);
+    if (line.IsWide() && scene.levels.empty())
+        FitToLine(scene, line, shown);
     scene.view = scene.view.Within(line.Length());
     return scene;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace vireo {
 
@@ -27,6 +28,13 @@ struct ProfileView {
     ProfileView MovedBy(double pixels, std::int64_t lineLength) const;
 
     bool operator==(const ProfileView&) const = default;
+};
+
+/// The unit in which positions along a line are written.
+struct ProfileUnit {
+    std::string symbol = "mm"; ///< ASCII.
+    double millimetres = 1.0;  ///< In one of the unit; above 0.
+    int decimals = 2;          ///< Of a position under the cursor.
 };
 
 /// What lies under the cursor.

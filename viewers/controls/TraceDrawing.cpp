@@ -75,7 +75,8 @@ void DrawSmoothLine(QPainter& painter, const QPolygonF& points, const TraceStyle
         painter.drawPolyline(points.translated(0.0, line / scale));
 }
 
-CurveSamples StretchInView(std::span<const std::uint8_t> samples, const ProfileView& view)
+template <typename Sample>
+CurveSamplesOf<Sample> StretchInView(std::span<const Sample> samples, const ProfileView& view)
 {
     return SamplesInView(samples, view);
 }
@@ -166,7 +167,8 @@ Fills FillsOf(std::span<const ColumnFill> columns)
     return fills;
 }
 
-CurveColumns ColumnsOf(const TraceSamples& trace, const ProfileView& view, int count)
+template <typename Sample>
+CurveColumnsOf<Sample> ColumnsOf(const TraceOf<Sample>& trace, const ProfileView& view, int count)
 {
     return SumUpColumns(trace.samples, trace.pyramid, view, count);
 }
@@ -267,6 +269,12 @@ void Draw(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& tr
 
 void DrawTrace(
     QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour)
+{
+    Draw(painter, scale, trace, {colour, LineStyle::Solid});
+}
+
+void DrawTrace(QPainter& painter, const ProfileScale& scale, const WideTraceSamples& trace,
+    const QColor& colour)
 {
     Draw(painter, scale, trace, {colour, LineStyle::Solid});
 }

@@ -19,6 +19,7 @@ struct TraceOf {
     const RangePyramid<Value>& pyramid;
 };
 using TraceSamples = TraceOf<std::uint8_t>;
+using WideTraceSamples = TraceOf<std::int32_t>;
 using ValueTrace = TraceOf<double>;
 
 /// Draws the stretch of a line that a scale has in view as a curve. Where a column of the device
@@ -27,6 +28,8 @@ using ValueTrace = TraceOf<double>;
 /// width, not with the samples. The caller clips to the plot area.
 void DrawTrace(
     QPainter& painter, const ProfileScale& scale, const TraceSamples& trace, const QColor& colour);
+void DrawTrace(QPainter& painter, const ProfileScale& scale, const WideTraceSamples& trace,
+    const QColor& colour);
 
 /// The same for values, which may lie anywhere. Where one is no number the curve has a gap.
 void DrawTrace(QPainter& painter, const ProfileScale& scale, const ValueTrace& trace,

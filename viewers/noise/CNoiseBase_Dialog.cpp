@@ -1,7 +1,5 @@
 #include "viewers/noise/CNoiseBase_Dialog.h"
 
-#include "resources/ControlIds.h"
-#include "viewers/controls/CHeaderText_Dialog.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/noise/CNoiseTestControl.h"
@@ -79,20 +77,11 @@ void CNoiseBase_Dialog::SetUpMenus()
     AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
     AddToFileMenu(make(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
-    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
-        header->setText(tr("Show &Header"));
-        AddToFileMenu(header);
-    }
+    AddHeaderToFileMenu();
     CNoiseTestControl* const plot = m_widgets.plot;
     ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), plot, &CNoiseTestControl::ZoomIn));
     ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), plot, &CNoiseTestControl::ZoomOut));
     ViewMenu().addAction(make(tr("&Whole Line"), tr("Ctrl+0"), plot, &CNoiseTestControl::ZoomAll));
-}
-
-void CNoiseBase_Dialog::OnAcceleratorCommand(int command)
-{
-    if (command == CommandId::kShowHeader)
-        CHeaderText_Dialog(m_data.HeaderText(), this).exec();
 }
 
 void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)

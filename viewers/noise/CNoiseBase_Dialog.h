@@ -38,7 +38,7 @@ protected:
     void SetUpWidgets(const Widgets& widgets);
 
     void OnInitDialog() override;
-    void OnAcceleratorCommand(int command) override;
+    std::filesystem::path ShownFile() const override { return m_data.Path(); }
 
     /// Reads a file and shows it. What cannot be read is told and leaves an empty plot.
     void ReadFile(const std::filesystem::path& path);

@@ -4,6 +4,7 @@
 #include "platform/Message.h"
 #include "platform/Path.h"
 #include "ui_COscilloscope_Dialog.h"
+#include "viewers/controls/ProfileText.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/ViewerHost.h"
 #include "viewers/oscilloscope/OscilloscopeText.h"
@@ -26,8 +27,8 @@ COscilloscope_Dialog::COscilloscope_Dialog(const std::filesystem::path& fileOrFo
 {
     m_timer.setObjectName(QStringLiteral("lineTimer"));
     m_ui->setupUi(this);
-    m_plots = std::make_unique<OscilloscopePlots>(
-        *m_ui->overviewPlot, *m_ui->leftPlot, *m_ui->rightPlot, *m_ui->widthGauge);
+    m_plots = std::make_unique<ProfilePlots>(
+        *m_ui->overviewPlot, *m_ui->leftPlot, *m_ui->rightPlot, m_ui->widthGauge);
     SetUpControls();
     SetUpCommands();
     OnInitDialog();
@@ -194,7 +195,7 @@ void COscilloscope_Dialog::FitDialogToFile()
     FitDetailModes(choices);
     m_ui->uncorrectedCheck->setChecked(!m_data.m_bCorrected);
     m_ui->correctedCheck->setChecked(m_data.m_bCorrected);
-    m_plots->Fit(m_data, choices);
+    m_plots->Fit({m_data.Cameras(), choices.shown, choices.camera, choices.usesCameraAdjustment});
     ShowFileName();
     StartAnimation();
     ShowLine();
@@ -274,7 +275,8 @@ void COscilloscope_Dialog::StartAnimation()
 
 void COscilloscope_Dialog::ShowLine()
 {
-    const bool complete = m_plots->ShowLine(m_data, m_animation.CurrentLine());
+    const bool complete = m_plots->ShowLine(
+        [this](ProfileLine& line) { return m_data.ReadLine(m_animation.CurrentLine(), line); });
     m_ui->lineText->setText(
         QStringFromText(LineText(m_animation.CurrentLine(), m_animation.LineCount())));
     ShowFocus();

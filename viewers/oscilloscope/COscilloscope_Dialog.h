@@ -1,11 +1,12 @@
 #pragma once
 
 #include "viewers/controls/CViewerDialog.h"
+#include "viewers/controls/ProfilePlots.h"
 #include "viewers/controls/ProfileView.h"
 #include "viewers/oscilloscope/LineAnimation.h"
+#include "viewers/oscilloscope/OscilloscopeChoices.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeFolder.h"
-#include "viewers/oscilloscope/OscilloscopePlots.h"
 
 #include <QTimer>
 
@@ -55,6 +56,7 @@ public:
 protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
+    std::filesystem::path ShownFile() const override { return m_data.Path(); }
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -122,7 +124,7 @@ private:
     bool m_bDrawingReady = false;
     bool m_bHandedOver = false;
     OscilloscopeData m_data;
-    std::unique_ptr<OscilloscopePlots> m_plots;
+    std::unique_ptr<ProfilePlots> m_plots;
     QAction* m_loadAction = nullptr;
     LineAnimation m_animation;
     QTimer m_timer;

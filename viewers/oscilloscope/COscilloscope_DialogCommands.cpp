@@ -1,7 +1,5 @@
 #include "platform/Message.h"
-#include "resources/ControlIds.h"
 #include "ui_COscilloscope_Dialog.h"
-#include "viewers/controls/CHeaderText_Dialog.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/oscilloscope/COscilloscope_Dialog.h"
@@ -74,18 +72,15 @@ void COscilloscope_Dialog::SetUpMenus()
     AddToFileMenu(MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview));
     AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine));
     AddToFileMenu(MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture));
-    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
-        header->setText(tr("Show &Header"));
-        AddToFileMenu(header);
-    }
+    AddHeaderToFileMenu();
     // Alt+H has always been the light profile's.
     HelpMenu().setTitle(tr("Help"));
 }
 
 void COscilloscope_Dialog::OnAcceleratorCommand(int command)
 {
-    if (m_bDrawingReady && command == CommandId::kShowHeader)
-        CHeaderText_Dialog(m_data.HeaderText(), this).exec();
+    if (m_bDrawingReady)
+        CViewerDialog::OnAcceleratorCommand(command);
 }
 
 void COscilloscope_Dialog::OnColour(ShownColour shown)

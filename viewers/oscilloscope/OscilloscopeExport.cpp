@@ -2,6 +2,7 @@
 
 #include "testfile/TestFileHeader.h"
 #include "viewers/controls/LineTable.h"
+#include "viewers/controls/SampleExport.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 
 #include <string>
@@ -12,34 +13,10 @@ namespace {
 
 std::string TableHeading(const OscilloscopeData& data)
 {
-    const std::string start = "pixel,position_mm,camera,";
+    const std::string start = kPixelRowsHeading;
     if (data.IsInterleaved())
         return start + "red,green,blue\r\n";
     return start + (data.m_iColor == TestFileHeader::kColorGray ? "gray\r\n" : "green\r\n");
-}
-
-/// Appends the rows of the pixels from `first` on.
-void AppendRows(std::string& text, std::int64_t first, const ProfileCameras& cameras,
-    const OscilloscopeData::PlaneBytes& planes)
-{
-    const std::size_t count = planes[static_cast<std::size_t>(Plane::Green)].size();
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::int64_t pixel = first + static_cast<std::int64_t>(i);
-        AppendNumber(text, pixel);
-        text += ',';
-        if (cameras.pixelPitchMm > 0.0)
-            AppendNumber(text, static_cast<double>(pixel) * cameras.pixelPitchMm);
-        text += ',';
-        if (const auto camera = cameras.CameraAt(pixel))
-            text += ProfileCameras::Letter(*camera);
-        for (const auto& plane : planes) {
-            if (plane.empty())
-                continue;
-            text += ',';
-            AppendNumber(text, static_cast<int>(plane[i]));
-        }
-        text += "\r\n";
-    }
 }
 
 } // namespace
@@ -49,11 +26,14 @@ FileStatus ExportLineAsCsv(
 {
     const ProfileCameras cameras = data.Cameras();
     OscilloscopeData::PlaneBytes planes;
+    const auto stored = data.IsInterleaved()
+        ? std::span(planes)
+        : std::span(planes).subspan(static_cast<std::size_t>(Plane::Green), 1);
     return WriteLineTable(target, TableHeading(data), data.PixelsOfLine(line),
         [&](std::string& text, std::int64_t first, std::int64_t count) {
             if (!data.ReadPixels(line, first, count, planes))
                 return false;
-            AppendRows(text, first, cameras, planes);
+            AppendPixelRows<std::uint8_t>(text, first, cameras, stored);
             return true;
         });
 }

@@ -21,13 +21,6 @@ std::vector<std::string> PrintedHeaderLines(const OscilloscopeData& data, ShownC
 /// The message for a header item that a file lacks.
 std::string MissingInformation(std::string_view item);
 
-/// The cursor over the overview, as "1234 (200)": the pixel and the value there.
-std::string PositionText(const CursorReading& reading);
-
-/// The cursor over any plot in words: "Pixel 1234   52.27 mm   Camera B   Green 200". Values of all
-/// planes are named when all are shown.
-std::string CursorText(const CursorReading& reading, const ProfileLine& line, ShownColour shown);
-
 /// The focus figure of each camera's samples in the shown plane, as "Focus   A 12.3   B 9.8"; only
 /// "Focus" when no camera has samples.
 std::string FocusText(const ProfileLine& line, const ProfileCameras& cameras, ShownColour shown);

@@ -3,9 +3,7 @@
 #include "platform/Log.h"
 #include "platform/Message.h"
 #include "platform/WorkProgress.h"
-#include "resources/ControlIds.h"
 #include "ui_CStarTest_Dialog.h"
-#include "viewers/controls/CHeaderText_Dialog.h"
 #include "viewers/controls/CWait_Dialog.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/PictureMark.h"
@@ -99,10 +97,7 @@ void CStarTest_Dialog::SetUpMenus()
     AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
     AddToFileMenu(make(tr("&Export Sweep..."), tr("Ctrl+E"), this, &Dialog::OnExportSweep));
-    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
-        header->setText(tr("Show &Header"));
-        AddToFileMenu(header);
-    }
+    AddHeaderToFileMenu();
     ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));
     ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), m_ui->plot, &Plot::ZoomOut));
     ViewMenu().addAction(make(tr("&Whole Sweep"), tr("Ctrl+0"), m_ui->plot, &Plot::ZoomAll));
@@ -111,12 +106,6 @@ void CStarTest_Dialog::SetUpMenus()
     for (std::size_t i = 0; i < views.size(); ++i)
         ViewMenu().addAction(make(QStringFromText(views[i].name),
             QStringLiteral("Ctrl+%1").arg(i + 1), this, [this, i] { OnShowView(i); }));
-}
-
-void CStarTest_Dialog::OnAcceleratorCommand(int command)
-{
-    if (command == CommandId::kShowHeader)
-        CHeaderText_Dialog(m_data.m_header.Text(), this).exec();
 }
 
 void CStarTest_Dialog::OnTimer()

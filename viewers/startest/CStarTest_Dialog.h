@@ -26,7 +26,7 @@ public:
 
 protected:
     void OnInitDialog() override;
-    void OnAcceleratorCommand(int command) override;
+    std::filesystem::path ShownFile() const override { return m_data.Path(); }
 
 private:
     void SetUpCommands();

@@ -1,9 +1,7 @@
 #include "viewers/stitch/CView_Stitch_Dialog.h"
 
 #include "platform/Message.h"
-#include "resources/ControlIds.h"
 #include "ui_CView_Stitch_Dialog.h"
-#include "viewers/controls/CHeaderText_Dialog.h"
 #include "viewers/controls/CWait_Dialog.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
@@ -81,21 +79,12 @@ void CView_Stitch_Dialog::SetUpMenus()
     AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
     AddToFileMenu(make(tr("&Export Columns..."), tr("Ctrl+E"), this, &Dialog::OnExportColumns));
-    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
-        header->setText(tr("Show &Header"));
-        AddToFileMenu(header);
-    }
+    AddHeaderToFileMenu();
     CPicture_Control* const picture = m_ui->picture;
     ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), picture, &CPicture_Control::ZoomIn));
     ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), picture, &CPicture_Control::ZoomOut));
     ViewMenu().addAction(make(tr("Zoom &1:1"), tr("Ctrl+1"), this, &Dialog::OnZoomOneToOne));
     ViewMenu().addAction(make(tr("&Whole Picture"), tr("Ctrl+0"), picture, &CPicture_Control::Fit));
-}
-
-void CView_Stitch_Dialog::OnAcceleratorCommand(int command)
-{
-    if (command == CommandId::kShowHeader)
-        OnHeader();
 }
 
 bool CView_Stitch_Dialog::ReadFile(const std::filesystem::path& path)
@@ -166,15 +155,6 @@ void CView_Stitch_Dialog::OnExportColumns()
         CWait_Dialog::Cancelling::NotOffered, this);
     wait.Run([&](WorkProgress&) { status = ExportStitchAsCsv(target, m_data, row); });
     TellFileFailure(target, status);
-}
-
-void CView_Stitch_Dialog::OnHeader()
-{
-    const StitchHeaderText header = ReadStitchHeaderText(m_data.Path());
-    if (header.refusal.empty())
-        CHeaderText_Dialog(header.text, this).exec();
-    else
-        ShowMessage(header.refusal);
 }
 
 void CView_Stitch_Dialog::OnPointer(std::optional<PicturePixel> pixel)

@@ -31,7 +31,7 @@ public:
 
 protected:
     void OnInitDialog() override;
-    void OnAcceleratorCommand(int command) override;
+    std::filesystem::path ShownFile() const override { return m_data.Path(); }
 
 private:
     void SetUpControls();
@@ -43,7 +43,6 @@ private:
     void OnPrint();
     void OnPrintPreview();
     void OnExportColumns();
-    void OnHeader();
     void OnPointer(std::optional<PicturePixel> pixel);
     void OnView();
     void OnBuild();

@@ -2,9 +2,9 @@
 
 #include "platform/Sha256.h"
 #include "platform/Text.h"
+#include "viewers/controls/PlainRows.h"
 
 #include <algorithm>
-#include <array>
 #include <cinttypes>
 #include <utility>
 
@@ -14,10 +14,8 @@ namespace {
 
 bool BeginsAsText(const PositionalFile& file)
 {
-    std::array<std::uint8_t, TestFileHeader::kProbeBytes> probe{};
-    const std::size_t count = file.ReadAt(0, probe);
     TestFileHeader header;
-    header.SetText({reinterpret_cast<const char*>(probe.data()), count});
+    header.LoadProbe(file);
     return header.IsStitchTest();
 }
 
@@ -67,7 +65,8 @@ StitchResult StitchData::ReadForm(PositionalFile file, WorkProgress& progress)
     layout.height = std::max(m_iMemoryDC_Height, 0);
     m_iDataLength = static_cast<std::int64_t>(layout.length);
     if (!m_bRunLength) {
-        m_picture = std::make_shared<StitchGrayRows>(std::move(file), layout);
+        m_picture = std::make_shared<PlainRows>(std::move(file),
+            PlainPicture{layout.offset, layout.length, layout.width, layout.height});
         return StitchResult::Ok;
     }
     auto rows = std::make_shared<StitchRunRows>(std::move(file), layout);

@@ -7,44 +7,6 @@
 
 namespace vireo {
 
-StitchGrayRows::StitchGrayRows(PositionalFile file, const StitchLayout& layout)
-    : m_file(std::move(file)),
-      m_layout(layout)
-{
-}
-
-std::int64_t StitchGrayRows::CoveredRows() const
-{
-    if (m_layout.width == 0)
-        return 0;
-    const std::uint64_t rows = (m_layout.length + static_cast<std::uint64_t>(m_layout.width) - 1)
-        / static_cast<std::uint64_t>(m_layout.width);
-    return std::min(static_cast<std::int64_t>(rows), m_layout.height);
-}
-
-void StitchGrayRows::ReadStretch(std::int64_t firstPixel, std::span<std::uint8_t> pixels) const
-{
-    const auto first = static_cast<std::uint64_t>(firstPixel);
-    std::size_t count = 0;
-    if (first < m_layout.length) {
-        const auto there = std::min<std::uint64_t>(pixels.size(), m_layout.length - first);
-        count =
-            m_file.ReadAt(m_layout.offset + first, pixels.first(static_cast<std::size_t>(there)));
-    }
-    std::fill(pixels.begin() + static_cast<std::ptrdiff_t>(count), pixels.end(), kWhite);
-}
-
-void StitchGrayRows::Read(const PictureRect& rect, std::span<std::uint8_t> pixels) const
-{
-    const std::int64_t first = rect.top * m_layout.width + rect.left;
-    if (rect.width == m_layout.width || rect.height == 1)
-        return ReadStretch(first, pixels);
-    const auto width = static_cast<std::size_t>(rect.width);
-    for (std::int64_t row = 0; row < rect.height; ++row)
-        ReadStretch(first + row * m_layout.width,
-            pixels.subspan(static_cast<std::size_t>(row) * width, width));
-}
-
 StitchRunRows::StitchRunRows(PositionalFile file, const StitchLayout& layout)
     : m_file(std::move(file)),
       m_layout(layout)

@@ -16,26 +16,6 @@ struct StitchLayout {
     std::int64_t height = 0;
 };
 
-/// A stitch picture of gray pixels, one byte each, row after row. A row is read from the file when
-/// it is looked at; behind the end of the data the picture is white.
-class StitchGrayRows : public PictureRows {
-public:
-    StitchGrayRows(PositionalFile file, const StitchLayout& layout);
-
-    std::int64_t Width() const override { return m_layout.width; }
-    std::int64_t Height() const override { return m_layout.height; }
-    int Channels() const override { return kGray; }
-    std::int64_t CoveredRows() const override;
-    void Read(const PictureRect& rect, std::span<std::uint8_t> pixels) const override;
-
-private:
-    /// Reads pixels that lie one behind the other in the file.
-    void ReadStretch(std::int64_t firstPixel, std::span<std::uint8_t> pixels) const;
-
-    PositionalFile m_file;
-    StitchLayout m_layout;
-};
-
 /// A stitch picture of run-length codes, of which an index of the rows is kept and no pixel. Black
 /// runs lie on white; what runs past the picture's width or height is not there.
 class StitchRunRows : public PictureRows {

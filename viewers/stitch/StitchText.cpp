@@ -45,35 +45,4 @@ std::vector<std::string> StitchHeaderLines(const StitchData& data)
     return lines;
 }
 
-namespace {
-
-/// Whether the first bytes of a file name a kind that has a text header.
-bool NamesItsKind(const PositionalFile& file)
-{
-    std::array<std::uint8_t, TestFileHeader::kProbeBytes> probe{};
-    const std::size_t count = file.ReadAt(0, probe);
-    TestFileHeader header;
-    header.SetText({reinterpret_cast<const char*>(probe.data()), count});
-    return header.IsLightProfile() || header.IsNoiseTest() || header.IsStitchTest()
-        || header.IsG3LightProfile() || header.IsKitbag();
-}
-
-} // namespace
-
-StitchHeaderText ReadStitchHeaderText(const std::filesystem::path& path)
-{
-    PositionalFile file;
-    if (const FileStatus status = file.Open(path); status != FileStatus::Ok)
-        return {{}, std::string(Describe(status))};
-    if (!NamesItsKind(file))
-        return {{}, "Old Con-file.\nNo Header Information available"};
-    TestFileHeader header;
-    const HeaderResult result = header.Load(file);
-    if (result == HeaderResult::TooLong)
-        return {{}, "Memory low"};
-    if (result != HeaderResult::Ok)
-        return {{}, std::string(Describe(result))};
-    return {header.Text(), {}};
-}
-
 } // namespace vireo

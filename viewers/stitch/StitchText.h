@@ -21,13 +21,6 @@ std::string PictureText(const StitchData& data);
 /// The lines above a printed picture: the test, the file, the scanner and when, and the picture.
 std::vector<std::string> StitchHeaderLines(const StitchData& data);
 
-/// What the header command shows: the whole text header of a file, or why there is none to show.
-struct StitchHeaderText {
-    std::string text;
-    std::string refusal; ///< Empty when there is a header.
-};
-StitchHeaderText ReadStitchHeaderText(const std::filesystem::path& file);
-
 /// Why a picture that is announced far larger than its data is not worked through.
 inline constexpr const char* kNotWorkable = "The picture is empty, or far larger than its data";
 

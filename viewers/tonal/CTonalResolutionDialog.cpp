@@ -121,8 +121,7 @@ void CTonalResolutionDialog::SetUpMenus()
             action->setText(text);
         return action;
     };
-    if (QAction* const header = name(CommandId::kShowHeader, tr("Show &Header")))
-        AddToFileMenu(header);
+    AddHeaderToFileMenu();
     for (const Row& row : {Row{TonalResolutionId::kBestFit, tr("Best &Fit")},
              Row{TonalResolutionId::kDifference, tr("&Difference")},
              Row{TonalResolutionId::kDynamicRange, tr("D&ynamic Range")},
@@ -285,7 +284,10 @@ void CTonalResolutionDialog::OnExport()
 
 void CTonalResolutionDialog::OnShowHeader()
 {
-    CHeaderText_Dialog(m_data.FileText(), this).exec();
+    // Opening the file may have deleted it: its text is what there is of it.
+    TestFileHeader header;
+    header.SetText(m_data.FileText());
+    CHeaderText_Dialog(header.Text(), this, ListHeaderRows(header)).exec();
 }
 
 } // namespace vireo

@@ -1,3 +1,4 @@
+#include "viewers/controls/ProfileText.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeText.h"
 

@@ -1,4 +1,4 @@
-#include "viewers/oscilloscope/CameraAdjustment.h"
+#include "viewers/controls/TargetDeviation.h"
 
 #include "viewers/controls/ProfileAnalysis.h"
 #include "viewers/controls/ProfileScene.h"

@@ -3,10 +3,11 @@
 #include "platform/PositionalFile.h"
 #include "viewers/controls/ProfileLine.h"
 #include "viewers/controls/ProfileScene.h"
-#include "viewers/oscilloscope/OscilloscopeChoices.h"
+#include "viewers/controls/ProfileView.h"
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,23 +15,30 @@ namespace vireo {
 
 class CLPFControle;
 class CWidthCenter_Control;
-class OscilloscopeData;
 
-/// The plots of the oscilloscope viewer as one: the overview of the line, the two detail views
-/// under it and, in the camera-adjustment layout, the scan-width gauge between these. It keeps the
-/// line shown, the colour, the camera and what the detail views show of it.
-class OscilloscopePlots {
+/// The plots of a dialog of scan lines as one: the overview of the line, the two detail views under
+/// it and, where a dialog has one, the scan-width gauge between these. It keeps the line shown, the
+/// colour, the camera and what the detail views show of it.
+class ProfilePlots {
 public:
     /// The widgets, which belong to the dialog and outlive this.
-    OscilloscopePlots(CLPFControle& overview, CLPFControle& left, CLPFControle& right,
-        CWidthCenter_Control& gauge);
+    ProfilePlots(CLPFControle& overview, CLPFControle& left, CLPFControle& right,
+        CWidthCenter_Control* gauge = nullptr);
 
+    /// What changes with the file.
+    struct Layout {
+        ProfileCameras cameras;
+        ShownColour shown = ShownColour::Green;
+        int camera = 0; ///< Of the detail views; 0 for A.
+        bool showsGauge = false;
+    };
     /// Takes the layout of another file: the overview shows its whole line, the detail views the
     /// beginning and the end of a camera. ShowLine comes next.
-    void Fit(const OscilloscopeData& data, const OscilloscopeChoices& choices);
-    /// Reads and shows a line (0-based) in the views that are set; false when the file cannot give
-    /// it any more.
-    bool ShowLine(const OscilloscopeData& data, std::int64_t line);
+    void Fit(const Layout& layout);
+    /// Has a line read and shows it in the views that are set; returns what `read` does: false when
+    /// the file cannot give the line any more.
+    bool ShowLine(const std::function<bool(ProfileLine&)>& read);
+    void SetUnit(const ProfileUnit& unit);
 
     void ShowColour(ShownColour shown);
     void ShowCamera(int camera);
@@ -58,7 +66,7 @@ private:
     void ShowDeviation();
 
     std::array<CLPFControle*, 3> m_plots;
-    CWidthCenter_Control& m_gauge;
+    CWidthCenter_Control* m_gauge; ///< Null where there is none.
     ProfileLine m_line;
     ProfileCameras m_cameras;
     bool m_bShowsGauge = false;

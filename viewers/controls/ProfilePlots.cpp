@@ -1,10 +1,9 @@
-#include "viewers/oscilloscope/OscilloscopePlots.h"
+#include "viewers/controls/ProfilePlots.h"
 
 #include "platform/AtomicFile.h"
 #include "viewers/controls/CLPFControle.h"
 #include "viewers/controls/CWidthCenter_Control.h"
-#include "viewers/oscilloscope/CameraAdjustment.h"
-#include "viewers/oscilloscope/OscilloscopeData.h"
+#include "viewers/controls/TargetDeviation.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -16,38 +15,45 @@
 
 namespace vireo {
 
-OscilloscopePlots::OscilloscopePlots(
-    CLPFControle& overview, CLPFControle& left, CLPFControle& right, CWidthCenter_Control& gauge)
+ProfilePlots::ProfilePlots(
+    CLPFControle& overview, CLPFControle& left, CLPFControle& right, CWidthCenter_Control* gauge)
     : m_plots{&overview, &left, &right},
       m_gauge(gauge)
 {
     overview.SetDetails({&left, &right});
 }
 
-void OscilloscopePlots::Fit(const OscilloscopeData& data, const OscilloscopeChoices& choices)
+void ProfilePlots::Fit(const Layout& layout)
 {
-    m_cameras = data.Cameras();
-    m_shown = choices.shown;
-    m_iCamera = choices.camera;
+    m_cameras = layout.cameras;
+    m_shown = layout.shown;
+    m_iCamera = layout.camera;
     m_detail = ProfileMode::Camera;
-    m_bShowsGauge = choices.usesCameraAdjustment;
-    m_gauge.setVisible(m_bShowsGauge);
+    m_bShowsGauge = m_gauge && layout.showsGauge;
+    if (m_gauge)
+        m_gauge->setVisible(m_bShowsGauge);
     for (CLPFControle* plot : m_plots)
         plot->SetCameras(m_cameras);
     ZoomAll();
     FitDetails();
 }
 
-bool OscilloscopePlots::ShowLine(const OscilloscopeData& data, std::int64_t line)
+bool ProfilePlots::ShowLine(const std::function<bool(ProfileLine&)>& read)
 {
-    const bool complete = data.ReadLine(line, m_line);
+    const bool complete = read(m_line);
     for (CLPFControle* plot : m_plots)
         plot->SetLine(&m_line, m_shown);
     ShowDeviation();
     return complete;
 }
 
-void OscilloscopePlots::ShowColour(ShownColour shown)
+void ProfilePlots::SetUnit(const ProfileUnit& unit)
+{
+    for (CLPFControle* plot : m_plots)
+        plot->SetUnit(unit);
+}
+
+void ProfilePlots::ShowColour(ShownColour shown)
 {
     m_shown = shown;
     for (CLPFControle* plot : m_plots)
@@ -55,24 +61,24 @@ void OscilloscopePlots::ShowColour(ShownColour shown)
     ShowDeviation();
 }
 
-void OscilloscopePlots::ShowCamera(int camera)
+void ProfilePlots::ShowCamera(int camera)
 {
     m_iCamera = camera;
     FitDetails();
 }
 
-void OscilloscopePlots::ShowDetail(ProfileMode mode)
+void ProfilePlots::ShowDetail(ProfileMode mode)
 {
     m_detail = mode;
     FitDetails();
 }
 
-void OscilloscopePlots::ZoomAll()
+void ProfilePlots::ZoomAll()
 {
     m_plots[0]->ZoomAll();
 }
 
-void OscilloscopePlots::FitDetails()
+void ProfilePlots::FitDetails()
 {
     constexpr int kZoomStep = 16;
     for (const ProfileSide side : {ProfileSide::Left, ProfileSide::Right}) {
@@ -95,7 +101,7 @@ void OscilloscopePlots::FitDetails()
     }
 }
 
-void OscilloscopePlots::ShowDeviation()
+void ProfilePlots::ShowDeviation()
 {
     if (!m_bShowsGauge)
         return;
@@ -104,23 +110,23 @@ void OscilloscopePlots::ShowDeviation()
     constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
     const auto deviation = MeasureTargetDeviation(m_line, m_cameras, m_shown)
                                .value_or(TargetDeviation{kUnknown, kUnknown});
-    m_gauge.SetLeft(kFullScaleMm, deviation.leftMm);
-    m_gauge.SetRight(kFullScaleMm, deviation.rightMm);
+    m_gauge->SetLeft(kFullScaleMm, deviation.leftMm);
+    m_gauge->SetRight(kFullScaleMm, deviation.rightMm);
 }
 
-void OscilloscopePlots::Print(std::vector<std::string> headerLines)
+void ProfilePlots::Print(std::vector<std::string> headerLines)
 {
     m_plots[0]->SetHeader(std::move(headerLines));
     m_plots[0]->Print({m_plots[1], m_plots[2]});
 }
 
-void OscilloscopePlots::PrintPreview(std::vector<std::string> headerLines)
+void ProfilePlots::PrintPreview(std::vector<std::string> headerLines)
 {
     m_plots[0]->SetHeader(std::move(headerLines));
     m_plots[0]->PrintPreview({m_plots[1], m_plots[2]});
 }
 
-FileStatus OscilloscopePlots::SavePicture(
+FileStatus ProfilePlots::SavePicture(
     const std::filesystem::path& target, std::vector<std::string> headerLines)
 {
     m_plots[0]->SetHeader(std::move(headerLines));

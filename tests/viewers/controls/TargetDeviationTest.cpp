@@ -1,4 +1,4 @@
-#include "viewers/oscilloscope/CameraAdjustment.h"
+#include "viewers/controls/TargetDeviation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,120 @@
+#include "platform/Message.h"
+#include "tests/TempFolder.h"
+#include "tests/viewers/lightprofile/LightProfileFiles.h"
+#include "viewers/adjustment/AdjustmentPage.h"
+#include "viewers/adjustment/CAdjustCenterCCD_Dialog.h"
+#include "viewers/adjustment/CVerticalCameraVerification_Dialog.h"
+#include "viewers/controls/CLPFControle.h"
+#include "viewers/controls/CPicture_Control.h"
+#include "viewers/controls/PlainRows.h"
+
+#include <QAbstractButton>
+#include <QImage>
+#include <QLabel>
+#include <QPainter>
+#include <QStackedWidget>
+#include <QTableWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace vireo {
+namespace {
+
+class CAdjustment_DialogTest : public testing::Test {
+protected:
+    template <typename Dialog>
+    void Open(const std::string& bytes)
+    {
+        dialog = std::make_unique<Dialog>(folder.Write("adjust.con", bytes));
+        dialog->show();
+        QTest::qWait(1);
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) const
+    {
+        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return *widget;
+    }
+    QString Page() const { return Find<QStackedWidget>("dataPages").currentWidget()->objectName(); }
+
+    TempFolder folder;
+    MessageRecorder messages;
+    std::unique_ptr<CAdjustment_Dialog> dialog;
+};
+
+TEST_F(CAdjustment_DialogTest, ShowsTheTableAndTheProfile)
+{
+    Open<CAdjustCenterCCD_Dialog>(TextFile("[Scan-Line Positioning]",
+        "Width=100\nHeight=1\nCameraUsed=B\nOddKey=7\n", std::string(100, '\x64')));
+    EXPECT_EQ(dialog->windowTitle(), "Scan-Line Positioning");
+    EXPECT_EQ(Page(), "profilePage");
+    const auto& table = Find<QTableWidget>("headerTable");
+    ASSERT_EQ(table.rowCount(), 6);
+    EXPECT_EQ(table.item(4, 1)->text(), "B");
+    EXPECT_EQ(table.item(4, 2)->text(), "Taken by camera B");
+    EXPECT_EQ(table.item(5, 0)->text(), "OddKey");
+    EXPECT_EQ(table.item(5, 2)->text(), "");
+    auto& plot = Find<CLPFControle>("profilePlot");
+    EXPECT_EQ(plot.View().length, 100.0);
+    QTest::mouseClick(&plot, Qt::LeftButton, {}, plot.rect().center());
+    EXPECT_EQ(plot.View().length, 50.0);
+    QTest::mouseClick(&Find<QAbstractButton>("zoomAllButton"), Qt::LeftButton);
+    EXPECT_EQ(plot.View().length, 100.0);
+    QTest::mouseMove(&plot, plot.rect().center());
+    EXPECT_NE(Find<QLabel>("cursorText").text().indexOf("Gray 100"), -1);
+}
+
+TEST_F(CAdjustment_DialogTest, ShowsAPictureAndItsPixels)
+{
+    Open<CVerticalCameraVerification_Dialog>(
+        TextFile("[Mirror Carriage Adjustment]", "Width=2\nHeight=2\n", "abcd"));
+    EXPECT_EQ(Page(), "picturePage");
+    auto& picture = Find<CPicture_Control>("picture");
+    QTest::mouseMove(&picture, picture.PointOf({1, 1}).toPoint());
+    EXPECT_EQ(Find<QLabel>("cursorText").text(), "x 1  y 1    value 100");
+}
+
+TEST_F(CAdjustment_DialogTest, SaysThatTheSizesDoNotExplainTheData)
+{
+    Open<CVerticalCameraVerification_Dialog>(
+        TextFile("[Vertical Camera Verification]", "Width=5\nHeight=2\n", "abcd"));
+    EXPECT_EQ(Page(), "messagePage");
+    EXPECT_EQ(Find<QLabel>("messageText").text(),
+        "The header's sizes do not explain the data.\n"
+        "There are 4 bytes; a line of 5 pixels has 5. Lines by the header: 2.");
+    EXPECT_EQ(Find<QTableWidget>("headerTable").rowCount(), 4);
+    EXPECT_FALSE(Find<QAbstractButton>("zoomAllButton").isEnabled());
+    EXPECT_TRUE(messages.Messages().empty());
+}
+
+TEST_F(CAdjustment_DialogTest, TellsWhyAFileCannotBeRead)
+{
+    Open<CAdjustCenterCCD_Dialog>(TextFile("[MTF]", "Width=5\n", "abcd"));
+    ASSERT_EQ(messages.Messages().size(), 1U);
+    EXPECT_NE(messages.Messages()[0].text.find("Not a file of the test Adjust Center CCD"),
+        std::string::npos);
+    EXPECT_EQ(Find<QTableWidget>("headerTable").rowCount(), 0);
+}
+
+TEST_F(CAdjustment_DialogTest, DrawsAWholePictureInTheMiddle)
+{
+    PositionalFile file;
+    ASSERT_EQ(
+        file.Open(folder.Write("picture", std::string(2, '\0') + "\xFF\xFF")), FileStatus::Ok);
+    const PlainRows rows(std::move(file), {0, 4, 2, 2});
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QPainter painter(&image);
+    DrawWholePicture(painter, image.size(), {&rows, nullptr});
+    painter.end();
+    EXPECT_EQ(image.pixelColor(2, 10), QColor(Qt::red)) << "beside the picture";
+    EXPECT_EQ(image.pixelColor(20, 4), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(20, 15), QColor(Qt::white));
+}
+
+} // namespace
+} // namespace vireo
