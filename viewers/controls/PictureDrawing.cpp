@@ -4,6 +4,7 @@
 #include "viewers/controls/ReducedPicture.h"
 
 #include <algorithm>
+#include <atomic>
 #include <thread>
 #include <vector>
 
@@ -148,24 +149,30 @@ ReducedPlan PlanReduced(
     return plan;
 }
 
-/// Draws a target in bands of whole steps of rows, side by side: one a processor.
+/// Draws a target in bands of whole steps of rows, which one thread a processor take one after the
+/// other: a processor that is busy with something else then has less to do.
 template <typename Draw>
 void DrawBands(const PixelTarget& target, std::int64_t step, const Draw& draw)
 {
-    // A thread costs as much as some 20,000 pixels.
-    constexpr std::int64_t kFewestPixels = 1 << 18;
-    constexpr unsigned kMostBands = 8;
-    const std::int64_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, kMostBands);
-    const std::int64_t bands =
+    constexpr std::int64_t kFewestPixels = 1 << 18; // A thread costs as much as some 20,000.
+    constexpr unsigned kMostThreads = 8;
+    constexpr std::int64_t kBandsAThread = 6;
+    const std::int64_t processors =
+        std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+    const std::int64_t threads =
         std::clamp<std::int64_t>(target.width * target.height / kFewestPixels, 1, processors);
+    const std::int64_t bands = threads > 1 ? threads * kBandsAThread : 1;
     const std::int64_t rows = ((target.height + bands - 1) / bands + step - 1) / step * step;
-    const auto drawFrom = [&](std::int64_t top) {
-        draw(target.Rows(top, std::min(rows, target.height - top)), top);
+    std::atomic<std::int64_t> next{0};
+    const auto work = [&] {
+        for (std::int64_t top = next.fetch_add(rows); top < target.height;
+             top = next.fetch_add(rows))
+            draw(target.Rows(top, std::min(rows, target.height - top)), top);
     };
     std::vector<std::jthread> helpers;
-    for (std::int64_t top = rows; top < target.height; top += rows)
-        helpers.emplace_back(drawFrom, top);
-    drawFrom(0);
+    for (std::int64_t i = 1; i < threads; ++i)
+        helpers.emplace_back(work);
+    work();
 }
 
 } // namespace
