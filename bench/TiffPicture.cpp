@@ -35,13 +35,13 @@ ImageResult TiffPicture::BeginImage(ColorDepth depth, std::uint32_t width, std::
     m_resolution = resolution;
     m_rowBytes = static_cast<std::size_t>(BytesPerRow(depth, width));
     m_row = 0;
-    m_pixels.resize(m_rowBytes * height);
+    m_memory.resize(m_rowBytes * height + kPageBytes);
     return ImageResult::Ok;
 }
 
 std::uint8_t* TiffPicture::GetLineBuffer()
 {
-    return m_pixels.data() + m_row * m_rowBytes;
+    return m_memory.data() + (Row(m_row) - m_memory.data());
 }
 
 ImageResult TiffPicture::LineDone()

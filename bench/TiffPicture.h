@@ -29,8 +29,8 @@ public:
     std::uint32_t Resolution() const { return m_resolution; }
     const std::optional<std::array<TifPage::Color, 256>>& ColorMap() const { return m_colorMap; }
     std::size_t RowBytes() const { return m_rowBytes; }
-    std::size_t Bytes() const { return m_pixels.size(); }
-    const std::uint8_t* Row(std::size_t row) const { return m_pixels.data() + row * m_rowBytes; }
+    std::size_t Bytes() const { return m_rowBytes * m_height; }
+    const std::uint8_t* Row(std::size_t row) const { return Pixels() + row * m_rowBytes; }
 
 private:
     ImageResult BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,
@@ -39,7 +39,16 @@ private:
     ImageResult LineDone() override;
     ImageResult EndImage(std::uint32_t) override { return ImageResult::Ok; }
 
-    std::vector<std::uint8_t> m_pixels;
+    /// The pixels begin with a page of memory, as those of large pictures mostly do: where they lie
+    /// changes how fast bytes can be copied to them.
+    static constexpr std::uintptr_t kPageBytes = 4096;
+    const std::uint8_t* Pixels() const
+    {
+        const auto from = reinterpret_cast<std::uintptr_t>(m_memory.data());
+        return m_memory.data() + (kPageBytes - from % kPageBytes);
+    }
+
+    std::vector<std::uint8_t> m_memory; ///< A page more than the pixels.
     ColorDepth m_depth = ColorDepth::Bilevel;
     std::uint32_t m_width = 0;
     std::uint32_t m_height = 0;

@@ -77,7 +77,6 @@ bool TifStream::Refill()
     return count != 0;
 }
 
-/// Never straight into the buffer: where that lies is a matter of luck, see kPageBytes.
 std::size_t TifStream::Read(std::span<std::uint8_t> into)
 {
     std::size_t done = 0;
@@ -86,9 +85,34 @@ std::size_t TifStream::Read(std::span<std::uint8_t> into)
         CopyInPieces(into.data() + done, Next(), count);
         Skip(count);
         done += count;
-        if (done == into.size() || !Refill())
+        if (done == into.size())
+            return done;
+        const std::span<std::uint8_t> rest = into.subspan(done);
+        if (IsWorthReadingInto(rest))
+            return done + ReadInto(rest);
+        if (!Refill())
             return done;
     }
+}
+
+/// Whether bytes that are not at hand are better read straight into a buffer than through the
+/// window: when there are many, and the buffer lies well, see kPageBytes.
+bool TifStream::IsWorthReadingInto(std::span<const std::uint8_t> into) const
+{
+    constexpr std::size_t kFewBytes = 8192; // About what a call of the system costs.
+    constexpr std::size_t kFarEnough = 1024;
+    const std::uint64_t ahead = reinterpret_cast<std::uintptr_t>(into.data()) - m_endOffset;
+    return !m_atEnd && into.size() >= kFewBytes && ahead % kPageBytes >= kFarEnough;
+}
+
+std::size_t TifStream::ReadInto(std::span<std::uint8_t> into)
+{
+    const std::size_t count = m_source(m_endOffset, into);
+    const std::uint64_t end = m_endOffset + count;
+    Forget();
+    m_endOffset = end;
+    m_atEnd = count < into.size();
+    return count;
 }
 
 } // namespace vireo

@@ -48,6 +48,9 @@ private:
         void operator()(std::uint8_t* memory) const;
     };
 
+    bool IsWorthReadingInto(std::span<const std::uint8_t> into) const;
+    std::size_t ReadInto(std::span<std::uint8_t> into);
+
     Source m_source;
     std::size_t m_windowBytes;
     std::unique_ptr<std::uint8_t[], FreeAligned> m_memory; ///< kMostKept, window, slack.

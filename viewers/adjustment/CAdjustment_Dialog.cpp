@@ -80,22 +80,18 @@ void CAdjustment_Dialog::OnInitDialog()
 void CAdjustment_Dialog::SetUpMenus()
 {
     using Dialog = CAdjustment_Dialog;
-    const auto make = [this](const QString& text, const QKeySequence& keys, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, this, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview));
-    AddToFileMenu(make(tr("Export &Table..."), tr("Ctrl+Shift+E"), &Dialog::OnExportHeader));
-    m_exportLine = make(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine);
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(
+        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
+    AddToFileMenu(
+        MakeAction(tr("Export &Table..."), tr("Ctrl+Shift+E"), this, &Dialog::OnExportHeader));
+    m_exportLine = MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine);
     AddToFileMenu(m_exportLine);
     AddHeaderToFileMenu();
-    ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), [this] { OnZoom(1); }));
-    ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), [this] { OnZoom(-1); }));
-    ViewMenu().addAction(make(tr("&Whole Data"), tr("Ctrl+0"), &Dialog::OnZoomAll));
+    ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), this, [this] { OnZoom(1); }));
+    ViewMenu().addAction(MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), this, [this] { OnZoom(-1); }));
+    ViewMenu().addAction(MakeAction(tr("&Whole Data"), tr("Ctrl+0"), this, &Dialog::OnZoomAll));
 }
 
 // Files.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QDialog>
 
 #include <filesystem>
@@ -34,6 +35,18 @@ protected:
     QMenu& ViewMenu();
     QMenu& HelpMenu() { return *m_helpMenu; }
     void AddToFileMenu(QAction* action);
+
+    /// An action of this dialog with keys (or none), to be put into a menu, which calls a member
+    /// function of the receiver, or a function object.
+    template <typename Receiver, typename Run>
+    QAction* MakeAction(
+        const QString& text, const QKeySequence& keys, Receiver* receiver, const Run& run)
+    {
+        auto* const action = new QAction(text, this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, receiver, run);
+        return action;
+    }
 
     /// Loads a table and applies it to the keys of this dialog from now on. A missing table gives
     /// the message "Load Accel Failed", and the dialog goes on without.

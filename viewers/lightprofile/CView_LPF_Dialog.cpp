@@ -121,21 +121,18 @@ void CView_LPF_Dialog::OnInitDialog()
 void CView_LPF_Dialog::SetUpMenus()
 {
     using Dialog = CView_LPF_Dialog;
-    const auto make = [this](const QString& text, const QKeySequence& keys, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, this, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview));
-    AddToFileMenu(make(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine));
-    AddToFileMenu(make(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture));
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(
+        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
+    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
+    AddToFileMenu(
+        MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), this, &Dialog::OnSavePicture));
     AddHeaderToFileMenu();
-    ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), [this] { OnZoom(1); }));
-    ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), [this] { OnZoom(-1); }));
-    ViewMenu().addAction(make(tr("&Whole Line"), tr("Ctrl+0"), [this] { m_plots->ZoomAll(); }));
+    ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), this, [this] { OnZoom(1); }));
+    ViewMenu().addAction(MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), this, [this] { OnZoom(-1); }));
+    ViewMenu().addAction(
+        MakeAction(tr("&Whole Line"), tr("Ctrl+0"), this, [this] { m_plots->ZoomAll(); }));
 }
 
 // Files.

@@ -18,18 +18,12 @@ void CLPF_Dialog::OnInitDialog()
 {
     CViewerDialog::OnInitDialog();
     using Dialog = CLPF_Dialog;
-    const auto make = [this](
-                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, receiver, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
+    AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(
+        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
     ViewMenu().addAction(
-        make(tr("&Whole Line"), tr("Ctrl+0"), m_ui->overviewPlot, &CLPFControle::ZoomAll));
+        MakeAction(tr("&Whole Line"), tr("Ctrl+0"), m_ui->overviewPlot, &CLPFControle::ZoomAll));
     // Alt+H is the light profile's, as in the oscilloscope.
     HelpMenu().setTitle(tr("Help"));
 }

@@ -65,23 +65,19 @@ void CNoiseBase_Dialog::OnInitDialog()
 void CNoiseBase_Dialog::SetUpMenus()
 {
     using Dialog = CNoiseBase_Dialog;
-    const auto make = [this](
-                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, receiver, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
-    AddToFileMenu(make(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(make(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
     AddHeaderToFileMenu();
     CNoiseTestControl* const plot = m_widgets.plot;
-    ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), plot, &CNoiseTestControl::ZoomIn));
-    ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), plot, &CNoiseTestControl::ZoomOut));
-    ViewMenu().addAction(make(tr("&Whole Line"), tr("Ctrl+0"), plot, &CNoiseTestControl::ZoomAll));
+    ViewMenu().addAction(
+        MakeAction(tr("Zoom &In"), tr("Ctrl++"), plot, &CNoiseTestControl::ZoomIn));
+    ViewMenu().addAction(
+        MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), plot, &CNoiseTestControl::ZoomOut));
+    ViewMenu().addAction(
+        MakeAction(tr("&Whole Line"), tr("Ctrl+0"), plot, &CNoiseTestControl::ZoomAll));
 }
 
 void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)

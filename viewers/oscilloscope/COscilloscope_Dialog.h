@@ -67,7 +67,6 @@ private:
     void SetUpControls();
     void SetUpCommands();
     void SetUpMenus();
-    QAction* MakeAction(const QString& text, const QKeySequence& keys, Command command);
 
     // Files.
     void ReadFile();

@@ -54,24 +54,17 @@ void COscilloscope_Dialog::SetUpCommands()
             [this, plot](const auto& reading) { ShowCursor(reading, plot == m_ui->overviewPlot); });
 }
 
-QAction* COscilloscope_Dialog::MakeAction(
-    const QString& text, const QKeySequence& keys, Command command)
-{
-    auto* const action = new QAction(text, this);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, command);
-    return action;
-}
-
 void COscilloscope_Dialog::SetUpMenus()
 {
     using Dialog = COscilloscope_Dialog;
-    m_loadAction = MakeAction(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad);
+    m_loadAction = MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad);
     AddToFileMenu(m_loadAction);
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint));
-    AddToFileMenu(MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview));
-    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine));
-    AddToFileMenu(MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(
+        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
+    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
+    AddToFileMenu(
+        MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), this, &Dialog::OnSavePicture));
     AddHeaderToFileMenu();
     // Alt+H has always been the light profile's.
     HelpMenu().setTitle(tr("Help"));

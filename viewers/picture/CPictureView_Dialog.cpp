@@ -110,18 +110,11 @@ void CPictureView_Dialog::OnInitDialog()
 void CPictureView_Dialog::SetUpMenus()
 {
     using Dialog = CPictureView_Dialog;
-    const auto make = [this](
-                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, receiver, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
-    AddToFileMenu(make(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(make(tr("&Export Row..."), tr("Ctrl+E"), this, &Dialog::OnExportRow));
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(MakeAction(tr("&Export Row..."), tr("Ctrl+E"), this, &Dialog::OnExportRow));
     if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
         header->setText(tr("Picture &Information"));
         AddToFileMenu(header);
@@ -129,13 +122,16 @@ void CPictureView_Dialog::SetUpMenus()
     using Plot = CPictureView_Control;
     QMenu& view = ViewMenu();
     PictureNavigation* const navigation = &m_ui->plot->Navigation();
-    view.addAction(make(tr("Zoom &In"), tr("Ctrl++"), navigation, &PictureNavigation::ZoomIn));
-    view.addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), navigation, &PictureNavigation::ZoomOut));
-    view.addAction(make(tr("&Fit"), tr("Ctrl+0"), m_ui->plot, &Plot::Fit));
-    view.addAction(make(tr("Zoom &1:1"), tr("Ctrl+1"), m_ui->plot, &Plot::ShowOneToOne));
+    view.addAction(
+        MakeAction(tr("Zoom &In"), tr("Ctrl++"), navigation, &PictureNavigation::ZoomIn));
+    view.addAction(
+        MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), navigation, &PictureNavigation::ZoomOut));
+    view.addAction(MakeAction(tr("&Fit"), tr("Ctrl+0"), m_ui->plot, &Plot::Fit));
+    view.addAction(MakeAction(tr("Zoom &1:1"), tr("Ctrl+1"), m_ui->plot, &Plot::ShowOneToOne));
     view.addSeparator();
-    view.addAction(make(tr("&Next Page"), tr("Ctrl+PgDown"), this, &Dialog::OnNextPage));
-    view.addAction(make(tr("&Previous Page"), tr("Ctrl+PgUp"), this, &Dialog::OnPreviousPage));
+    view.addAction(MakeAction(tr("&Next Page"), tr("Ctrl+PgDown"), this, &Dialog::OnNextPage));
+    view.addAction(
+        MakeAction(tr("&Previous Page"), tr("Ctrl+PgUp"), this, &Dialog::OnPreviousPage));
 }
 
 void CPictureView_Dialog::OnAcceleratorCommand(int command)

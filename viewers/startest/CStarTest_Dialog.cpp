@@ -86,25 +86,18 @@ void CStarTest_Dialog::SetUpMenus()
 {
     using Dialog = CStarTest_Dialog;
     using Plot = CA2_StarTest_Control;
-    const auto make = [this](
-                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, receiver, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(make(tr("&Export Sweep..."), tr("Ctrl+E"), this, &Dialog::OnExportSweep));
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(MakeAction(tr("&Export Sweep..."), tr("Ctrl+E"), this, &Dialog::OnExportSweep));
     AddHeaderToFileMenu();
-    ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));
-    ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), m_ui->plot, &Plot::ZoomOut));
-    ViewMenu().addAction(make(tr("&Whole Sweep"), tr("Ctrl+0"), m_ui->plot, &Plot::ZoomAll));
+    ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));
+    ViewMenu().addAction(MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), m_ui->plot, &Plot::ZoomOut));
+    ViewMenu().addAction(MakeAction(tr("&Whole Sweep"), tr("Ctrl+0"), m_ui->plot, &Plot::ZoomAll));
     ViewMenu().addSeparator();
     const auto views = StarTestViews();
     for (std::size_t i = 0; i < views.size(); ++i)
-        ViewMenu().addAction(make(QStringFromText(views[i].name),
+        ViewMenu().addAction(MakeAction(QStringFromText(views[i].name),
             QStringLiteral("Ctrl+%1").arg(i + 1), this, [this, i] { OnShowView(i); }));
 }
 

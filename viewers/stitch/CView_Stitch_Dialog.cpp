@@ -68,23 +68,20 @@ void CView_Stitch_Dialog::OnInitDialog()
 void CView_Stitch_Dialog::SetUpMenus()
 {
     using Dialog = CView_Stitch_Dialog;
-    const auto make = [this](
-                          const QString& text, const QKeySequence& keys, auto receiver, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, receiver, run);
-        return action;
-    };
-    AddToFileMenu(make(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
-    AddToFileMenu(make(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(make(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(make(tr("&Export Columns..."), tr("Ctrl+E"), this, &Dialog::OnExportColumns));
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
+    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(
+        MakeAction(tr("&Export Columns..."), tr("Ctrl+E"), this, &Dialog::OnExportColumns));
     AddHeaderToFileMenu();
     CPicture_Control* const picture = m_ui->picture;
-    ViewMenu().addAction(make(tr("Zoom &In"), tr("Ctrl++"), picture, &CPicture_Control::ZoomIn));
-    ViewMenu().addAction(make(tr("Zoom &Out"), tr("Ctrl+-"), picture, &CPicture_Control::ZoomOut));
-    ViewMenu().addAction(make(tr("Zoom &1:1"), tr("Ctrl+1"), this, &Dialog::OnZoomOneToOne));
-    ViewMenu().addAction(make(tr("&Whole Picture"), tr("Ctrl+0"), picture, &CPicture_Control::Fit));
+    ViewMenu().addAction(
+        MakeAction(tr("Zoom &In"), tr("Ctrl++"), picture, &CPicture_Control::ZoomIn));
+    ViewMenu().addAction(
+        MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), picture, &CPicture_Control::ZoomOut));
+    ViewMenu().addAction(MakeAction(tr("Zoom &1:1"), tr("Ctrl+1"), this, &Dialog::OnZoomOneToOne));
+    ViewMenu().addAction(
+        MakeAction(tr("&Whole Picture"), tr("Ctrl+0"), picture, &CPicture_Control::Fit));
 }
 
 bool CView_Stitch_Dialog::ReadFile(const std::filesystem::path& path)

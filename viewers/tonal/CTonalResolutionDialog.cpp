@@ -100,10 +100,7 @@ void CTonalResolutionDialog::SetUpMenus()
 {
     using Dialog = CTonalResolutionDialog;
     const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        auto* const action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, this, run);
-        AddToFileMenu(action);
+        AddToFileMenu(MakeAction(text, keys, this, run));
     };
     add(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad);
     add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
