@@ -83,26 +83,34 @@ private:
 /// What a drawing below zoom 1 is made from, and how.
 struct ReducedPlan {
     ReducedSource source;
+    ReducedValues values = ReducedValues::LinesKept;
     bool isSampled = false;
     bool isExact = true;
 };
+
+/// Source pixels that a drawing is made from, decoded ones that are not shown included.
+double PixelsNeeded(const ReducedSource& source, const PictureView& view)
+{
+    const auto drawn = [&view](const PictureAxis& axis) {
+        return std::min(
+            static_cast<double>(axis.view), static_cast<double>(axis.picture) * view.zoom);
+    };
+    const double ratio = 1.0 / (view.zoom * static_cast<double>(source.Reduction()));
+    const bool isWholeRows = !source.level && !source.rows->IsCheap();
+    const double width = isWholeRows ? static_cast<double>(source.Width()) : drawn(view.x) * ratio;
+    return width * drawn(view.y) * ratio;
+}
 
 /// Whether as many pixels as a drawing needs of a source can be had in the time it may take.
 bool IsAffordable(const ReducedSource& source, const PictureView& view, PictureQuality quality)
 {
     constexpr double kFast = 9e6;         // About 6 ms.
     constexpr double kMostDecoded = 48e6; // Rows that are decoded whole: a tenth of a second.
-    const auto drawn = [&view](const PictureAxis& axis) {
-        return std::min(
-            static_cast<double>(axis.view), static_cast<double>(axis.picture) * view.zoom);
-    };
-    const double ratio = 1.0 / (view.zoom * static_cast<double>(source.Reduction()));
-    const double height = drawn(view.y) * ratio;
+    const double pixels = PixelsNeeded(source, view);
     const bool isWholeRows = !source.level && !source.rows->IsCheap();
-    const double width = isWholeRows ? static_cast<double>(source.Width()) : drawn(view.x) * ratio;
     if (quality == PictureQuality::Fast)
-        return width * height <= kFast;
-    return !isWholeRows || width * height <= kMostDecoded;
+        return pixels <= kFast;
+    return !isWholeRows || pixels <= kMostDecoded;
 }
 
 /// The best of what can be had: the coarsest source that is no coarser than the drawing, else the
@@ -146,6 +154,12 @@ ReducedPlan PlanReduced(
     const double ratio = 1.0 / (view.zoom * static_cast<double>(plan.source.Reduction()));
     plan.isSampled = !plan.isExact || ratio <= 1.0 + kRatioRounding
         || ratio > kLargestReducedRatio * (1.0 + kRatioRounding);
+    constexpr double kFewPixels = 2e6; // About 2 ms.
+    if (!plan.isSampled && quality == PictureQuality::Fast
+        && PixelsNeeded(plan.source, view) > kFewPixels) {
+        plan.values = ReducedValues::Means;
+        plan.isExact = false;
+    }
     return plan;
 }
 
@@ -196,7 +210,7 @@ bool DrawPicture(const PictureContent& content, const PictureView& view, const P
         if (plan.isSampled)
             DrawSampled(plan.source, view, band, top);
         else
-            DrawReduced(plan.source, view, band, top);
+            DrawReduced(plan.source, view, band, top, plan.values);
     });
     return plan.isExact;
 }

@@ -15,8 +15,9 @@ struct PictureContent {
     const PicturePyramid* pyramid = nullptr;
 };
 
-/// Exact: every drawn pixel is made from all the picture pixels it stands for. Fast: where that
-/// would take long, a coarser level of the pyramid is drawn larger; for views that change quickly.
+/// Exact: every drawn pixel is made from all the picture pixels it stands for. Fast, for views that
+/// change quickly: where that would take long, thin lines are drawn paler, or a coarser level of
+/// the pyramid larger.
 enum class PictureQuality { Exact, Fast };
 
 /// Draws what a view shows of a picture; what is outside the picture is white. The target is as

@@ -237,6 +237,54 @@ TEST(PictureDrawing, FastDrawingsShowTheSamePlace)
     }
 }
 
+TEST(PictureDrawing, LargeViewsAreWholeWhereverTheyAreDivided)
+{
+    // Blocks of 2 x 2 equal pixels: at half the size each drawn pixel is one of them.
+    const MemoryPicture picture{3000, 2600, [](std::int64_t x, std::int64_t y) {
+                                    return static_cast<int>(x / 2 * 7 + y / 2 * 13) % 251;
+                                }};
+    for (const double zoom : {3.0, 1.0, 0.5}) {
+        const PictureView view = ViewOf(picture, 900, 1100, zoom);
+        const Canvas canvas({&picture, nullptr}, view);
+        for (std::int64_t y = 0; y < view.y.view; ++y) {
+            for (const std::int64_t x : {0, 1, 450, 899}) {
+                const int expected =
+                    static_cast<int>(view.PixelAtX(x) / 2 * 7 + view.PixelAtY(y) / 2 * 13) % 251;
+                ASSERT_EQ(canvas.Gray(x, y), expected) << zoom << ": " << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST(PictureDrawing, ThinLinesGetNoMoreThanPalerWhileTheViewMoves)
+{
+    MemoryPicture picture(3400, 2600);
+    for (std::int64_t i = 0; i < 2600; ++i) {
+        picture.At(1001, i) = 0;
+        picture.At(i, 777) = 0;
+    }
+    for (const double ratio : {1.3, 2.0, 2.3}) {
+        const PictureView view = ViewOf(picture, 1400, 1100, 1.0 / ratio);
+        const Canvas fast({&picture, nullptr}, view, PictureQuality::Fast);
+        const Canvas exact({&picture, nullptr}, view);
+        EXPECT_TRUE(exact.isExact);
+        const auto darkest = [](const Canvas& canvas, std::int64_t x, std::int64_t y, int dx,
+                                 int dy) {
+            int value = 255;
+            for (int i = -2; i <= 2; ++i)
+                value = std::min(value, canvas.Gray(x + i * dx, y + i * dy));
+            return value;
+        };
+        const auto across = static_cast<std::int64_t>(view.PlaceOfX(1001));
+        const auto down = static_cast<std::int64_t>(view.PlaceOfY(777));
+        for (std::int64_t i = 10; i < 1000; i += 7) {
+            ASSERT_LT(darkest(fast, across, i, 1, 0), 180) << ratio << ": row " << i;
+            ASSERT_LT(darkest(fast, i, down, 0, 1), 180) << ratio << ": column " << i;
+            ASSERT_LT(darkest(exact, across, i, 1, 0), 10) << ratio << ": row " << i;
+        }
+    }
+}
+
 TEST(PicturePyramid, IsTheSameWithAnyNumberOfThreads)
 {
     std::mt19937 random(11);
