@@ -47,6 +47,7 @@ public:
     ImageResult DecodeLine(std::uint8_t* row) override;
 
 private:
+    std::size_t DecodeDirectly(std::span<std::uint8_t> row);
     std::size_t DecodePiece(std::size_t left, ImageResult& result);
 
     std::unique_ptr<std::uint8_t[]> m_piece;

@@ -14,8 +14,8 @@ constexpr std::ptrdiff_t kLongest = 128;   ///< Bytes of the longest literal or 
 constexpr std::size_t kLongestChunk = 129; ///< A control byte and 128 bytes.
 /// Short chunks are copied by so many bytes, and over their end by fewer.
 constexpr std::ptrdiff_t kLiteralBlock = 32, kRunBlock = 16;
-/// A row is put together in pieces of so many bytes at least, in the decoder's own memory, where
-/// copies over the end of a chunk spoil nothing.
+/// Where a row may fail soon, it is put together in pieces of so many bytes at least, in the
+/// decoder's own memory: there copies over the end of a chunk spoil nothing.
 constexpr std::ptrdiff_t kPiece = 4096;
 
 struct Cursor {
@@ -99,12 +99,33 @@ ImageResult CTIFReader::CDecoderPackbit::DecodeLine(std::uint8_t* row)
     std::size_t left = m_uBytesPerRow;
     ImageResult result = ImageResult::Ok;
     while (left != 0 && result == ImageResult::Ok) {
-        const std::size_t count = DecodePiece(left, result);
-        CopyInPieces(row, m_piece.get(), count);
+        std::size_t count = DecodeDirectly({row, left});
+        if (count == 0) {
+            count = DecodePiece(left, result);
+            CopyInPieces(row, m_piece.get(), count);
+        }
         row += count;
         left -= count;
     }
     return result;
+}
+
+/// Decodes some of what a row still wants straight into it, and returns how many bytes. It ends so
+/// early that what was copied over the end of a chunk is overwritten before the row can fail: a
+/// chunk that is too long begins within the row's last bytes, and there is more input at hand.
+std::size_t CTIFReader::CDecoderPackbit::DecodeDirectly(std::span<std::uint8_t> row)
+{
+    constexpr std::size_t kRowMargin = 4 * kLongest;
+    constexpr std::size_t kInputMargin = 1024;
+    if (row.size() <= kRowMargin || m_Stream.Ahead() <= kInputMargin)
+        return 0;
+    const std::uint8_t* const next = m_Stream.Next();
+    std::uint8_t* const rowEnd = row.data() + row.size();
+    Cursor cursor{
+        next, next + m_Stream.Ahead() - kInputMargin, row.data(), rowEnd - kRowMargin, rowEnd};
+    DecodeFast(cursor);
+    m_Stream.Skip(static_cast<std::size_t>(cursor.next - next));
+    return static_cast<std::size_t>(cursor.out - row.data());
 }
 
 /// Decodes some of the `left` bytes that a row still wants. Returns how many.
