@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bench/BenchSettings.h"
-#include "cli/json/FileResult.h"
+#include "figures/FileResult.h"
 
 namespace CLI {
 class App;

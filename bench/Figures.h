@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/json/Json.h"
+#include "figures/Json.h"
 
 #include <cstddef>
 #include <cstdint>

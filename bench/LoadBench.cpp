@@ -1,8 +1,8 @@
 #include "bench/BenchCommand.h"
 #include "bench/Figures.h"
 #include "bench/Timing.h"
-#include "cli/json/Analysers.h"
-#include "cli/json/Subject.h"
+#include "figures/Analysers.h"
+#include "figures/Subject.h"
 #include "platform/Path.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "bench/BenchCommand.h"
 #include "bench/MeasuredPlot.h"
 #include "bench/Timing.h"
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "viewers/controls/OffscreenPlatform.h"
 
 #include <QGuiApplication>

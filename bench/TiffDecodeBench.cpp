@@ -2,7 +2,7 @@
 #include "bench/Figures.h"
 #include "bench/TiffPicture.h"
 #include "bench/Timing.h"
-#include "cli/json/Json.h"
+#include "figures/Json.h"
 #include "platform/Path.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,7 @@
 #include "cli/Command.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
-#include "cli/json/Analysers.h"
+#include "figures/Analysers.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,8 +1,8 @@
 #include "cli/Command.h"
 #include "cli/CommandLineReader.h"
 #include "cli/Program.h"
-#include "cli/json/Json.h"
 #include "errors/ErrorTable.h"
+#include "figures/Json.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cli/Settings.h"
-#include "cli/json/FileResult.h"
-#include "cli/json/Subject.h"
+#include "figures/FileResult.h"
+#include "figures/Subject.h"
 
 #include <functional>
 

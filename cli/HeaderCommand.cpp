@@ -1,7 +1,7 @@
 #include "cli/Command.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
-#include "cli/json/HeaderJson.h"
+#include "figures/HeaderJson.h"
 
 namespace vireo {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/json/FileResult.h"
+#include "figures/FileResult.h"
 
 #include <chrono>
 #include <cstddef>

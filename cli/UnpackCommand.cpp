@@ -2,7 +2,7 @@
 #include "cli/CommandLineReader.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
-#include "cli/json/KitbagJson.h"
+#include "figures/KitbagJson.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 #include "platform/WorkPaths.h"

@@ -1,8 +1,8 @@
 #include "cli/render/AdjustmentPicture.h"
 
 #include "cli/Output.h"
-#include "cli/json/AdjustmentJson.h"
 #include "cli/render/PictureFile.h"
+#include "figures/AdjustmentJson.h"
 #include "viewers/adjustment/AdjustmentData.h"
 #include "viewers/adjustment/AdjustmentExport.h"
 #include "viewers/adjustment/AdjustmentPage.h"

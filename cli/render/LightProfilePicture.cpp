@@ -1,8 +1,8 @@
 #include "cli/render/LightProfilePicture.h"
 
 #include "cli/Settings.h"
-#include "cli/json/LightProfileJson.h"
 #include "cli/render/ProfileDrawing.h"
+#include "figures/LightProfileJson.h"
 #include "viewers/controls/ProfileText.h"
 #include "viewers/lightprofile/LightProfileData.h"
 #include "viewers/lightprofile/LightProfileText.h"

@@ -1,8 +1,8 @@
 #include "cli/render/OscilloscopePicture.h"
 
 #include "cli/Settings.h"
-#include "cli/json/OscilloscopeJson.h"
 #include "cli/render/ProfileDrawing.h"
+#include "figures/OscilloscopeJson.h"
 #include "viewers/oscilloscope/OscilloscopeChoices.h"
 #include "viewers/oscilloscope/OscilloscopeData.h"
 #include "viewers/oscilloscope/OscilloscopeText.h"

@@ -1,8 +1,8 @@
 #include "cli/render/StarTestPicture.h"
 
 #include "cli/Output.h"
-#include "cli/json/StarTestJson.h"
 #include "cli/render/PictureFile.h"
+#include "figures/StarTestJson.h"
 #include "viewers/controls/HorizontalZoom.h"
 #include "viewers/startest/StarTestCurves.h"
 #include "viewers/startest/StarTestData.h"

@@ -1,7 +1,7 @@
-#include "cli/json/HeaderJson.h"
+#include "figures/HeaderJson.h"
 
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "testfile/HeaderKeys.h"
 #include "testfile/TestFileHeader.h"
 

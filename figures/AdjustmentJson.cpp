@@ -1,6 +1,6 @@
-#include "cli/json/AdjustmentJson.h"
+#include "figures/AdjustmentJson.h"
 
-#include "cli/json/Subject.h"
+#include "figures/Subject.h"
 #include "platform/Text.h"
 #include "viewers/adjustment/AdjustmentData.h"
 

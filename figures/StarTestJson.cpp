@@ -1,8 +1,8 @@
-#include "cli/json/StarTestJson.h"
+#include "figures/StarTestJson.h"
 
-#include "cli/json/Analysers.h"
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Analysers.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "platform/Text.h"
 #include "viewers/startest/StarTestCurves.h"
 #include "viewers/startest/StarTestData.h"

@@ -1,4 +1,4 @@
-#include "cli/json/Subject.h"
+#include "figures/Subject.h"
 
 #include "platform/Path.h"
 

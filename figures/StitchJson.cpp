@@ -1,8 +1,8 @@
-#include "cli/json/StitchJson.h"
+#include "figures/StitchJson.h"
 
-#include "cli/json/Analysers.h"
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Analysers.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "viewers/stitch/StitchData.h"
 
 namespace vireo {

@@ -1,8 +1,8 @@
-#include "cli/json/NoiseJson.h"
+#include "figures/NoiseJson.h"
 
-#include "cli/json/Analysers.h"
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Analysers.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "viewers/noise/NoiseData.h"
 #include "viewers/noise/NoiseRuler.h"
 #include "viewers/noise/NoiseView.h"

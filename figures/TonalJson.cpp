@@ -1,8 +1,8 @@
-#include "cli/json/TonalJson.h"
+#include "figures/TonalJson.h"
 
-#include "cli/json/Analysers.h"
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Analysers.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "viewers/tonal/TonalReport.h"
 #include "viewers/tonal/TonalResolutionData.h"
 

@@ -1,7 +1,7 @@
-#include "cli/json/KitbagJson.h"
+#include "figures/KitbagJson.h"
 
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "platform/Sha256.h"
 #include "platform/Text.h"
 #include "testfile/PackedDump.h"

@@ -1,15 +1,15 @@
-#include "cli/json/Analysers.h"
+#include "figures/Analysers.h"
 
-#include "cli/json/HeaderJson.h"
-#include "cli/json/Json.h"
-#include "cli/json/KitbagJson.h"
-#include "cli/json/NoiseJson.h"
-#include "cli/json/OscilloscopeJson.h"
-#include "cli/json/StarTestJson.h"
-#include "cli/json/StitchJson.h"
-#include "cli/json/Subject.h"
-#include "cli/json/TiffJson.h"
-#include "cli/json/TonalJson.h"
+#include "figures/HeaderJson.h"
+#include "figures/Json.h"
+#include "figures/KitbagJson.h"
+#include "figures/NoiseJson.h"
+#include "figures/OscilloscopeJson.h"
+#include "figures/StarTestJson.h"
+#include "figures/StitchJson.h"
+#include "figures/Subject.h"
+#include "figures/TiffJson.h"
+#include "figures/TonalJson.h"
 
 namespace vireo {
 

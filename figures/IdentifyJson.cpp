@@ -1,7 +1,7 @@
-#include "cli/json/IdentifyJson.h"
+#include "figures/IdentifyJson.h"
 
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 
 namespace vireo {
 

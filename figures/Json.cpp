@@ -1,6 +1,6 @@
-#include "cli/json/Json.h"
+#include "figures/Json.h"
 
-#include "cli/json/Subject.h"
+#include "figures/Subject.h"
 #include "platform/Text.h"
 
 namespace vireo {

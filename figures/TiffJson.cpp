@@ -1,7 +1,7 @@
-#include "cli/json/TiffJson.h"
+#include "figures/TiffJson.h"
 
-#include "cli/json/Json.h"
-#include "cli/json/Subject.h"
+#include "figures/Json.h"
+#include "figures/Subject.h"
 #include "imagefile/CTIFReader.h"
 #include "platform/Sha256.h"
 

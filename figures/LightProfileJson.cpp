@@ -1,6 +1,6 @@
-#include "cli/json/LightProfileJson.h"
+#include "figures/LightProfileJson.h"
 
-#include "cli/json/Subject.h"
+#include "figures/Subject.h"
 #include "platform/Text.h"
 #include "viewers/lightprofile/LightProfileData.h"
 
