@@ -14,7 +14,7 @@ struct Command {
     const char* summary; ///< For the program's help.
     /// Adds the command's options and arguments, which fill the settings.
     void (*addOptions)(CLI::App& command, Settings& settings);
-    /// Does the command; the program's exit status.
+    /// Does the command; the program's exit status. Null for a command that draws: see Drawing.h.
     int (*run)(const Settings& settings);
 };
 

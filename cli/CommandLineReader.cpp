@@ -1,5 +1,6 @@
 #include "cli/CommandLineReader.h"
 
+#include "cli/HelpText.h"
 #include "platform/Text.h"
 
 #include <CLI/CLI.hpp>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <memory>
 
 namespace vireo {
 
@@ -31,7 +33,8 @@ void PrintError(std::string_view program, std::string_view text)
 CLI::App* AddCommand(CLI::App& app, const char* name, const char* summary)
 {
     app.require_subcommand(1);
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    // A command takes over its program's formatter.
+    app.formatter(std::make_shared<HelpText>());
     CLI::App* const command = app.add_subcommand(name, summary)->group("Commands");
     // A file's name may begin with '/'.
     return command->allow_windows_style_options(false);

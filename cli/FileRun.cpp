@@ -3,7 +3,9 @@
 #include "cli/OrderedWork.h"
 #include "cli/Reporter.h"
 
+#include <algorithm>
 #include <new>
+#include <optional>
 
 namespace vireo {
 
@@ -31,13 +33,13 @@ FileResult WorkOnFile(const std::string& file, const Settings& settings,
 
 int RunOverFiles(const Settings& settings, const std::function<FileResult(const Subject&)>& work)
 {
-    Reporter reporter(settings.files.size());
+    FileSource source(settings.files, settings.folders);
+    const std::optional<std::size_t> count = source.Count();
+    Reporter reporter(count);
     WorkInOrder(
-        settings.files.size(), settings.jobs,
-        [&](std::size_t i) { return WorkOnFile(settings.files[i], settings, work); },
-        [&](std::size_t i, const FileResult& result) {
-            reporter.Report(settings.files[i], result);
-        });
+        source, std::min(settings.jobs, count.value_or(settings.jobs)),
+        [&](const std::string& file) { return WorkOnFile(file, settings, work); },
+        [&](const std::string& file, const FileResult& result) { reporter.Report(file, result); });
     return reporter.Finish();
 }
 

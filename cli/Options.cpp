@@ -15,11 +15,14 @@ namespace vireo {
 
 namespace {
 
-CLI::Option* AddFiles(CLI::App& command, Settings& settings, const char* description)
+CLI::Option* AddFiles(
+    CLI::App& command, Settings& settings, FolderRule folders, const char* description)
 {
-    const auto take = [&settings](const std::vector<std::string>& files) {
+    const auto take = [&settings, folders](const std::vector<std::string>& files) {
         std::transform(
             files.begin(), files.end(), std::back_inserter(settings.files), WithoutGuard);
+        // --recursive may have been read before.
+        settings.folders = std::max(settings.folders, folders);
     };
     return command.add_option_function<std::vector<std::string>>("FILE", take, description)
         ->required()
@@ -30,12 +33,16 @@ CLI::Option* AddFiles(CLI::App& command, Settings& settings, const char* descrip
 
 void AddFilesArgument(CLI::App& command, Settings& settings)
 {
-    AddFiles(command, settings, "The files, at least one");
+    AddFiles(
+        command, settings, FolderRule::Files, "The files; a folder stands for the files in it");
+    command.add_flag_callback(
+        "-r,--recursive", [&settings] { settings.folders = FolderRule::AllBelow; },
+        "A folder stands for all files below it, those in its folders too");
 }
 
 void AddFileArgument(CLI::App& command, Settings& settings)
 {
-    AddFiles(command, settings, "The file")->expected(1);
+    AddFiles(command, settings, FolderRule::Refused, "The file")->expected(1);
 }
 
 void AddOutputOption(CLI::App& command, Settings& settings, const char* description,

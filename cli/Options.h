@@ -9,6 +9,7 @@ class App;
 namespace vireo {
 
 /// Options and arguments that several commands share. A value that an option refuses is bad usage.
+/// Files and folders, at least one, and --recursive.
 void AddFilesArgument(CLI::App& command, Settings& settings);
 void AddFileArgument(CLI::App& command, Settings& settings);
 /// The required file to write; `check` may refuse its name, or be null.

@@ -1,6 +1,5 @@
 #include "cli/OrderedWork.h"
 
-#include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -12,79 +11,103 @@ namespace vireo {
 
 namespace {
 
+using Work = std::function<FileResult(const std::string&)>;
+
+FileResult ResultOf(const FileSource::Item& item, const Work& work)
+{
+    return item.failure.empty() ? work(item.name) : FileResult{{}, item.failure};
+}
+
 /// The ring of results between the threads that work and the one that takes them in order.
 class OrderedQueue {
 public:
-    OrderedQueue(std::size_t count, std::size_t slots) : m_count(count), m_slots(slots) { }
+    OrderedQueue(FileSource& source, std::size_t slots) : m_source(source), m_slots(slots) { }
 
-    /// The next item to work on, as soon as there is room for its result; nothing after the last.
-    std::optional<std::size_t> NextItem()
+    struct Job {
+        std::size_t number; ///< In the source's order.
+        FileSource::Item item;
+    };
+    /// The next file to work on, as soon as there is room for its result; nothing after the last.
+    std::optional<Job> NextJob()
     {
         std::unique_lock lock(m_mutex);
-        m_room.wait(
-            lock, [this] { return m_next == m_count || m_next < m_taken + m_slots.size(); });
-        if (m_next == m_count)
-            return std::nullopt;
-        return m_next++;
+        m_room.wait(lock, [this] { return m_ended || m_next < m_taken + m_slots.size(); });
+        if (!m_ended) {
+            if (auto item = m_source.Next())
+                return Job{m_next++, std::move(*item)};
+            m_ended = true;
+            lock.unlock();
+            m_room.notify_all();
+            m_ready.notify_one();
+        }
+        return std::nullopt;
     }
 
-    void Put(std::size_t item, FileResult result)
+    struct Finished {
+        std::string file;
+        FileResult result;
+    };
+    void Put(Job job, FileResult result)
     {
         {
             const std::lock_guard lock(m_mutex);
-            m_slots[item % m_slots.size()] = std::move(result);
+            m_slots[job.number % m_slots.size()] =
+                Finished{std::move(job.item.name), std::move(result)};
         }
         m_ready.notify_one();
     }
 
-    /// Waits for the result of the item whose turn it is.
-    FileResult TakeNext()
+    /// Waits for the result of the file whose turn it is; nothing after the last.
+    std::optional<Finished> TakeNext()
     {
         std::unique_lock lock(m_mutex);
-        std::optional<FileResult>& slot = m_slots[m_taken % m_slots.size()];
-        m_ready.wait(lock, [&slot] { return slot.has_value(); });
-        FileResult result = std::move(*slot);
-        slot.reset();
+        std::optional<Finished>& slot = m_slots[m_taken % m_slots.size()];
+        m_ready.wait(
+            lock, [this, &slot] { return slot.has_value() || (m_ended && m_taken == m_next); });
+        if (!slot)
+            return std::nullopt;
+        std::optional<Finished> finished = std::exchange(slot, std::nullopt);
         ++m_taken;
         lock.unlock();
-        m_room.notify_all();
-        return result;
+        m_room.notify_one();
+        return finished;
     }
 
 private:
     std::mutex m_mutex;
     std::condition_variable m_room;
     std::condition_variable m_ready;
-    std::size_t m_count;
-    std::size_t m_next = 0;  ///< The first item that nobody works on yet.
-    std::size_t m_taken = 0; ///< The first item whose result has not been taken.
-    std::vector<std::optional<FileResult>> m_slots;
+    FileSource& m_source;
+    bool m_ended = false;    ///< The source has no more.
+    std::size_t m_next = 0;  ///< The number of the next file of the source.
+    std::size_t m_taken = 0; ///< The first file whose result has not been taken.
+    std::vector<std::optional<Finished>> m_slots;
 };
 
 } // namespace
 
-void WorkInOrder(std::size_t count, std::size_t threads,
-    const std::function<FileResult(std::size_t)>& work,
-    const std::function<void(std::size_t, FileResult)>& finish)
+void WorkInOrder(FileSource& source, std::size_t threads, const Work& work,
+    const std::function<void(const std::string&, const FileResult&)>& finish)
 {
-    threads = std::min(threads, count);
     if (threads <= 1) {
-        for (std::size_t item = 0; item < count; ++item)
-            finish(item, work(item));
+        while (const auto item = source.Next())
+            finish(item->name, ResultOf(*item, work));
         return;
     }
     // Room for some results that wait for a slow file before them.
     constexpr std::size_t kSlotsPerThread = 8;
-    OrderedQueue queue(count, threads * kSlotsPerThread);
+    OrderedQueue queue(source, threads * kSlotsPerThread);
     std::vector<std::jthread> workers;
     for (std::size_t i = 0; i < threads; ++i) {
         workers.emplace_back([&queue, &work] {
-            while (const auto item = queue.NextItem())
-                queue.Put(*item, work(*item));
+            while (auto job = queue.NextJob()) {
+                FileResult result = ResultOf(job->item, work);
+                queue.Put(std::move(*job), std::move(result));
+            }
         });
     }
-    for (std::size_t item = 0; item < count; ++item)
-        finish(item, queue.TakeNext());
+    while (const auto finished = queue.TakeNext())
+        finish(finished->file, finished->result);
 }
 
 } // namespace vireo

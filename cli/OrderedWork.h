@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/FileSource.h"
 #include "figures/FileResult.h"
 
 #include <cstddef>
@@ -7,12 +8,13 @@
 
 namespace vireo {
 
-/// Works on the items 0 to count - 1, on up to `threads` threads at a time, and hands each result
-/// to `finish` in the items' order, on the calling thread. Only a few results a thread are kept
-/// waiting for their turn, so memory does not grow with the number of items. With one thread
-/// everything happens on the calling thread.
-void WorkInOrder(std::size_t count, std::size_t threads,
-    const std::function<FileResult(std::size_t)>& work,
-    const std::function<void(std::size_t, FileResult)>& finish);
+/// Works on the files of a source, on up to `threads` threads at a time, and hands each result to
+/// `finish` in the source's order, on the calling thread. Only a few results a thread are kept
+/// waiting for their turn, so memory does not grow with the number of files. With one thread
+/// everything happens on the calling thread. Folders that cannot be listed are handed on as
+/// failures.
+void WorkInOrder(FileSource& source, std::size_t threads,
+    const std::function<FileResult(const std::string& file)>& work,
+    const std::function<void(const std::string& file, const FileResult& result)>& finish);
 
 } // namespace vireo

@@ -4,7 +4,9 @@
 #include "platform/Path.h"
 #include "testfile/DumpWriter.h"
 
-#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
 
 namespace vireo {
 
@@ -18,14 +20,19 @@ void AddOptions(CLI::App& command, Settings& settings)
 
 int Run(const Settings& settings)
 {
-    std::vector<std::filesystem::path> files(settings.files.size());
-    std::ranges::transform(settings.files, files.begin(), PathFromUtf8);
+    // A folder that cannot be listed cannot be packed either, which is told as it is of files.
+    std::vector<std::string> names;
+    std::vector<std::filesystem::path> files;
+    FileSource source(settings.files, settings.folders);
+    while (auto item = source.Next()) {
+        files.push_back(PathFromUtf8(item->name));
+        names.push_back(std::move(item->name));
+    }
     WorkProgress progress;
     const PackReport report = PackDump(files, settings.output, progress);
-
     Reporter reporter(1);
     for (const PackReport::Failure& failure : report.failures)
-        reporter.Report(settings.files[failure.file], {{}, failure.reason});
+        reporter.Report(names[failure.file], {{}, failure.reason});
     if (report.status != FileStatus::Ok)
         reporter.Report(Utf8FromPath(settings.output), {{}, std::string(Describe(report.status))});
     return reporter.Finish();

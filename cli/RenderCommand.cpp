@@ -1,16 +1,6 @@
 #include "cli/Command.h"
 #include "cli/CommandLineReader.h"
-#include "cli/FileRun.h"
 #include "cli/Options.h"
-#include "cli/Output.h"
-#include "cli/render/AdjustmentPicture.h"
-#include "cli/render/LightProfilePicture.h"
-#include "cli/render/NoisePicture.h"
-#include "cli/render/OscilloscopePicture.h"
-#include "cli/render/StarTestPicture.h"
-#include "cli/render/StitchPicture.h"
-#include "cli/render/TiffPicture.h"
-#include "cli/render/TonalPicture.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 
@@ -121,31 +111,11 @@ void AddOptions(CLI::App& command, Settings& settings)
         ->type_name("PAPER");
 }
 
-constexpr OutputWriter kWriters[] = {
-    {FileKind::Oscilloscope, RenderOscilloscope},
-    {FileKind::Mtf, RenderOscilloscope},
-    {FileKind::Noise, RenderNoise},
-    {FileKind::LightProfile, RenderLightProfile},
-    {FileKind::AdjustCenterCcd, RenderAdjustment},
-    {FileKind::VerticalCameraVerification, RenderAdjustment},
-    {FileKind::Tiff, RenderTiff},
-    {FileKind::TonalResolution, RenderTonal},
-    {FileKind::StarTest, RenderStarTest},
-    {FileKind::Stitch, RenderStitch},
-};
-
-int Run(const Settings& settings)
-{
-    return RunOverFiles(settings, [&settings](const Subject& subject) {
-        return WriteOutput(subject, settings, kWriters, "rendered");
-    });
-}
-
 } // namespace
 
 Command RenderCommand()
 {
-    return {"render", "The viewer's plot as a picture or a printed page", AddOptions, Run};
+    return {"render", "The viewer's plot as a picture or a printed page", AddOptions, nullptr};
 }
 
 } // namespace vireo

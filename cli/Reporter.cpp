@@ -9,9 +9,9 @@
 
 namespace vireo {
 
-Reporter::Reporter(std::size_t fileCount)
+Reporter::Reporter(std::optional<std::size_t> fileCount)
     : m_count(fileCount),
-      m_showsProgress(fileCount > 1 && StandardErrorIsTerminal()),
+      m_showsProgress(fileCount != 1 && StandardErrorIsTerminal()),
       m_lastShown(std::chrono::steady_clock::now())
 {
 }
@@ -49,7 +49,8 @@ void Reporter::ShowProgress()
     if (!m_showsProgress || now - m_lastShown < kInterval)
         return;
     m_lastShown = now;
-    const std::string text = Format("%zu of %zu files", m_done, m_count);
+    const std::string text =
+        m_count ? Format("%zu of %zu files", m_done, *m_count) : Format("%zu files", m_done);
     std::fprintf(stderr, "\r%s", text.c_str());
     std::fflush(stderr);
     m_progressLength = text.size();

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace vireo {
@@ -12,7 +13,8 @@ namespace vireo {
 /// error and, while people look on, how far the work is.
 class Reporter {
 public:
-    explicit Reporter(std::size_t fileCount);
+    /// Without a count it is not known yet how many files there are.
+    explicit Reporter(std::optional<std::size_t> fileCount);
 
     void Report(const std::string& file, const FileResult& result);
 
@@ -23,7 +25,7 @@ private:
     void ShowProgress();
     void ClearProgress();
 
-    std::size_t m_count;
+    std::optional<std::size_t> m_count;
     std::size_t m_done = 0;
     bool m_anyFailed = false;
     bool m_outputFailed = false;

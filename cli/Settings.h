@@ -2,6 +2,7 @@
 
 #include "app/FileKind.h"
 #include "cli/CommandLineReader.h"
+#include "cli/FileSource.h"
 #include "imagefile/TifConversion.h"
 #include "viewers/controls/PositionUnit.h"
 #include "viewers/controls/ProfileLine.h"
@@ -22,10 +23,11 @@ enum class PaperSize { A4, A3, Letter };
 
 /// Everything that the command line can say; each command fills what it has options for.
 struct Settings {
-    std::vector<std::string> files; ///< As given, in UTF-8.
-    std::optional<FileKind> kind;   ///< What every file is taken as, instead of recognising it.
-    std::size_t jobs = 1;           ///< Files worked on at the same time.
-    std::int64_t line = 0;          ///< 0-based.
+    std::vector<std::string> files; ///< As given, in UTF-8; folders too.
+    FolderRule folders = FolderRule::Refused;
+    std::optional<FileKind> kind; ///< What every file is taken as, instead of recognising it.
+    std::size_t jobs = 1;         ///< Files worked on at the same time.
+    std::int64_t line = 0;        ///< 0-based.
     std::filesystem::path output;
 
     PictureFormat format = PictureFormat::Png;

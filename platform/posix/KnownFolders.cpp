@@ -1,5 +1,7 @@
 #include "platform/KnownFolders.h"
 
+#include "platform/HandOver.h"
+
 #include <cstdlib>
 #include <pwd.h>
 #include <string>
@@ -9,8 +11,25 @@
 
 namespace vireo {
 
+namespace {
+
+std::filesystem::path& ReplacedProgram()
+{
+    static std::filesystem::path program;
+    return program;
+}
+
+} // namespace
+
+void StandInFor(const std::filesystem::path& program)
+{
+    ReplacedProgram() = program;
+}
+
 std::filesystem::path ProgramPath()
 {
+    if (!ReplacedProgram().empty())
+        return ReplacedProgram();
     std::error_code error;
     const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? std::filesystem::path() : path;

@@ -1,0 +1,31 @@
+#include "cli/Command.h"
+#include "cli/Drawing.h"
+#include "cli/render/Render.h"
+
+#include <string_view>
+
+namespace vireo {
+
+namespace {
+
+struct DrawingCommand {
+    std::string_view name;
+    int (*run)(const Settings& settings);
+};
+
+constexpr DrawingCommand kDrawingCommands[] = {
+    {"render", Render},
+};
+
+} // namespace
+
+int Draw(const Command& command, const Settings& settings, const std::vector<std::string>&)
+{
+    for (const DrawingCommand& drawing : kDrawingCommands) {
+        if (drawing.name == command.name)
+            return drawing.run(settings);
+    }
+    return kExitBadUsage;
+}
+
+} // namespace vireo

@@ -1,0 +1,40 @@
+#include "cli/render/Render.h"
+
+#include "cli/FileRun.h"
+#include "cli/Output.h"
+#include "cli/render/AdjustmentPicture.h"
+#include "cli/render/LightProfilePicture.h"
+#include "cli/render/NoisePicture.h"
+#include "cli/render/OscilloscopePicture.h"
+#include "cli/render/StarTestPicture.h"
+#include "cli/render/StitchPicture.h"
+#include "cli/render/TiffPicture.h"
+#include "cli/render/TonalPicture.h"
+
+namespace vireo {
+
+namespace {
+
+constexpr OutputWriter kWriters[] = {
+    {FileKind::Oscilloscope, RenderOscilloscope},
+    {FileKind::Mtf, RenderOscilloscope},
+    {FileKind::Noise, RenderNoise},
+    {FileKind::LightProfile, RenderLightProfile},
+    {FileKind::AdjustCenterCcd, RenderAdjustment},
+    {FileKind::VerticalCameraVerification, RenderAdjustment},
+    {FileKind::Tiff, RenderTiff},
+    {FileKind::TonalResolution, RenderTonal},
+    {FileKind::StarTest, RenderStarTest},
+    {FileKind::Stitch, RenderStitch},
+};
+
+} // namespace
+
+int Render(const Settings& settings)
+{
+    return RunOverFiles(settings, [&settings](const Subject& subject) {
+        return WriteOutput(subject, settings, kWriters, "rendered");
+    });
+}
+
+} // namespace vireo
