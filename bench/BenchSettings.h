@@ -3,10 +3,12 @@
 #include "app/FileKind.h"
 #include "cli/CommandLineReader.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <thread>
 
 namespace vireo {
 
@@ -23,6 +25,13 @@ struct BenchSettings {
     std::optional<std::uint16_t> predictor;
     std::filesystem::path output; ///< Empty: a temporary file.
     std::uint32_t page = 1;       ///< Of a TIFF file, counted from 1.
+
+    /// The threads that work may be divided among.
+    unsigned Threads() const
+    {
+        return threads > 0 ? static_cast<unsigned>(threads)
+                           : std::max(std::thread::hardware_concurrency(), 1U);
+    }
 };
 
 } // namespace vireo

@@ -5,8 +5,6 @@
 #include "figures/Subject.h"
 #include "platform/Path.h"
 
-#include <algorithm>
-
 namespace vireo {
 
 namespace {
@@ -36,7 +34,7 @@ FileResult Run(const BenchSettings& settings)
 
     // The viewer loads on one thread.
     const std::int64_t bytes = FileBytes(PathFromUtf8(settings.file));
-    return {ToLine(FileFigures(seconds, bytes, std::max(settings.threads, 1))), {}};
+    return {ToLine(FileFigures(seconds, bytes, 1)), {}};
 }
 
 } // namespace

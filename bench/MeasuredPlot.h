@@ -11,6 +11,8 @@ class QSize;
 
 namespace vireo {
 
+class PictureRows;
+
 /// A viewer's plot of one file, as the viewer draws it, for measuring. Along its axis it shows any
 /// stretch of its extent, which is counted in samples or pixels.
 class MeasuredPlot {
@@ -35,11 +37,17 @@ struct LoadedPlot {
     std::string failure;
 };
 LoadedPlot LoadOscilloscopePlot(const BenchSettings& settings);
+LoadedPlot LoadAdjustCenterPlot(const BenchSettings& settings);
+LoadedPlot LoadVerticalCameraPlot(const BenchSettings& settings);
 LoadedPlot LoadLightProfilePlot(const BenchSettings& settings);
 LoadedPlot LoadNoisePlot(const BenchSettings& settings);
 LoadedPlot LoadTiffPlot(const BenchSettings& settings);
 LoadedPlot LoadTonalPlot(const BenchSettings& settings);
 LoadedPlot LoadStarTestPlot(const BenchSettings& settings);
 LoadedPlot LoadStitchPlot(const BenchSettings& settings);
+
+inline constexpr const char* kNothingToPlot = "There is nothing to plot";
+/// The plot of a picture, moved over along its diagonal; none of a picture without pixels.
+LoadedPlot PicturePlotOf(std::shared_ptr<const PictureRows> rows, const BenchSettings& settings);
 
 } // namespace vireo

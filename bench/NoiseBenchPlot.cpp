@@ -18,7 +18,7 @@ public:
         if (result != NoiseResult::Ok)
             return m_data.DescribeFailure(result);
         if (!m_data.ShownPlane())
-            return "There is nothing to plot";
+            return kNothingToPlot;
         m_content.data = &m_data;
         PrepareFirst();
         return {};

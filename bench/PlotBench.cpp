@@ -2,7 +2,6 @@
 #include "bench/MeasuredPlot.h"
 #include "bench/Timing.h"
 #include "figures/Json.h"
-#include "figures/Subject.h"
 #include "viewers/controls/OffscreenPlatform.h"
 
 #include <QGuiApplication>
@@ -36,6 +35,8 @@ constexpr PlotRow kPlots[] = {
     {FileKind::Mtf, {1600, 500}, LoadOscilloscopePlot},
     {FileKind::Noise, {1600, 500}, LoadNoisePlot},
     {FileKind::LightProfile, {1600, 500}, LoadLightProfilePlot},
+    {FileKind::AdjustCenterCcd, {1600, 500}, LoadAdjustCenterPlot},
+    {FileKind::VerticalCameraVerification, {1600, 500}, LoadVerticalCameraPlot},
     {FileKind::Tiff, {1600, 1000}, LoadTiffPlot},
     {FileKind::TonalResolution, {1600, 500}, LoadTonalPlot},
     {FileKind::StarTest, {1600, 500}, LoadStarTestPlot},
@@ -130,7 +131,7 @@ FileResult Run(const BenchSettings& settings)
     const auto row = std::find_if(std::begin(kPlots), std::end(kPlots),
         [&](const PlotRow& candidate) { return candidate.kind == settings.kind; });
     if (row == std::end(kPlots))
-        return {{}, NotYet(settings.kind, "plotted")};
+        return {{}, "There is no plot of files of kind " + std::string(KindId(settings.kind))};
     LoadedPlot loaded = row->load(settings);
     if (!loaded.plot)
         return {{}, std::move(loaded.failure)};

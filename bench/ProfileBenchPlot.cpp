@@ -1,5 +1,6 @@
 #include "bench/MeasuredPlot.h"
 #include "platform/Path.h"
+#include "viewers/adjustment/AdjustmentData.h"
 #include "viewers/controls/ProfilePlot.h"
 #include "viewers/lightprofile/LightProfileData.h"
 #include "viewers/oscilloscope/OscilloscopeChoices.h"
@@ -19,7 +20,7 @@ public:
     std::string Take(const Read& read, ShownColour shown, const ProfileCameras& cameras)
     {
         if (!read(m_line) || m_line.Length() == 0)
-            return "There is nothing to plot";
+            return kNothingToPlot;
         m_content.line = &m_line;
         m_content.shown = shown;
         m_content.cameras = cameras;
@@ -54,6 +55,23 @@ LoadedPlot Loaded(std::unique_ptr<ProfileMeasuredPlot> plot, std::string failure
     return {std::move(plot), std::move(failure)};
 }
 
+LoadedPlot LoadAdjustmentPlot(const BenchSettings& settings, AdjustmentKind kind)
+{
+    AdjustmentData data;
+    const AdjustmentResult result = data.Read(PathFromUtf8(settings.file), kind, true);
+    if (result != AdjustmentResult::Ok)
+        return {nullptr, data.DescribeFailure(result)};
+    if (data.DataForm() == AdjustmentData::Form::Picture)
+        return PicturePlotOf(data.Picture(), settings);
+    if (data.DataForm() != AdjustmentData::Form::Profile)
+        return {nullptr, kNothingToPlot};
+    auto plot = std::make_unique<ProfileMeasuredPlot>();
+    std::string failure =
+        plot->Take([&](ProfileLine& line) { return data.Lines().ReadLine(0, line); },
+            data.FirstShown(), data.Cameras());
+    return Loaded(std::move(plot), std::move(failure));
+}
+
 } // namespace
 
 LoadedPlot LoadOscilloscopePlot(const BenchSettings& settings)
@@ -66,6 +84,16 @@ LoadedPlot LoadOscilloscopePlot(const BenchSettings& settings)
     std::string failure = plot->Take([&](ProfileLine& line) { return data.ReadLine(0, line); },
         ChoicesFor(data, 0).shown, data.Cameras());
     return Loaded(std::move(plot), std::move(failure));
+}
+
+LoadedPlot LoadAdjustCenterPlot(const BenchSettings& settings)
+{
+    return LoadAdjustmentPlot(settings, AdjustmentKind::AdjustCenterCcd);
+}
+
+LoadedPlot LoadVerticalCameraPlot(const BenchSettings& settings)
+{
+    return LoadAdjustmentPlot(settings, AdjustmentKind::VerticalCameraVerification);
 }
 
 LoadedPlot LoadLightProfilePlot(const BenchSettings& settings)

@@ -19,9 +19,10 @@ namespace {
 /// all.
 class TiffBenchPlot : public MeasuredPlot {
 public:
-    std::string Load(const std::string& file)
+    std::string Load(const BenchSettings& settings)
     {
-        ImageResult result = m_data.Open(PathFromUtf8(file));
+        m_threads = settings.Threads();
+        ImageResult result = m_data.Open(PathFromUtf8(settings.file));
         if (result == ImageResult::Ok) {
             WorkProgress progress;
             m_data.Load(progress);
@@ -42,7 +43,7 @@ public:
         if (m_data.Holding() == PictureHolding::Reduced)
             return; // Its reduced sizes are all there is of it.
         m_pyramid = std::make_unique<PicturePyramid>(*m_content.picture.rows);
-        m_pyramid->Build();
+        m_pyramid->Build(m_threads);
         m_content.picture.pyramid = m_pyramid.get();
     }
 
@@ -84,6 +85,7 @@ private:
     }
 
     PictureData m_data;
+    unsigned m_threads = 1;
     std::unique_ptr<PicturePyramid> m_pyramid;
     std::vector<CameraBoundary> m_boundaries;
     PicturePlotContent m_content;
@@ -95,7 +97,7 @@ private:
 LoadedPlot LoadTiffPlot(const BenchSettings& settings)
 {
     auto plot = std::make_unique<TiffBenchPlot>();
-    if (std::string failure = plot->Load(settings.file); !failure.empty())
+    if (std::string failure = plot->Load(settings); !failure.empty())
         return {nullptr, std::move(failure)};
     return {std::move(plot), {}};
 }

@@ -59,6 +59,36 @@ TEST(Bench, PlotDrawsTheLine)
     EXPECT_EQ(sized["height"], 200);
 }
 
+struct BenchPlotRow {
+    const char* kind;
+    const char* sample;
+    int points;
+};
+
+class BenchPlots : public testing::TestWithParam<BenchPlotRow> { };
+
+TEST_P(BenchPlots, EveryKind)
+{
+    const BenchPlotRow& row = GetParam();
+    const std::string file = std::string(VIREO_SAMPLES) + "/" + row.sample;
+    const Json figures =
+        Measure({"plot", row.kind, file, "--size", "200x100", "--repeat", "1", "--threads", "0"});
+    EXPECT_EQ(figures["points"], row.points);
+    for (const char* const time : {"first_ms", "redraw_ms", "zoom_ms", "scroll_ms"})
+        EXPECT_GT(figures[time], 0.0) << time;
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, BenchPlots,
+    testing::Values(BenchPlotRow{"light-profile", "light-profile-signed.con", 3600},
+        BenchPlotRow{"noise", "noise-gray.con", 10200},
+        BenchPlotRow{"adjust-center-ccd", "adjust-center-ccd.con", 1200},
+        BenchPlotRow{"vertical-camera-verification", "mirror-carriage-adjustment.con", 28800},
+        BenchPlotRow{"tonal-resolution", "tonal-resolution.con", 72},
+        BenchPlotRow{"startest", "startest-sweeps.con", 6300},
+        BenchPlotRow{"stitch", "stitch-gray.con", 302400},
+        BenchPlotRow{"tiff", "picture-rgb.tif", 268800}),
+    [](const auto& plot) { return "Row" + std::to_string(plot.index); });
+
 TEST(Bench, FirstFrameShowsTheMainDialogOrTheViewer)
 {
     const TempFolder folder;
@@ -100,6 +130,8 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BenchFails,
         FailureRow{"bad size", 2, {"plot", "mtf", "a.con", "--size", "10"}},
         FailureRow{"missing file", 1, {"load", "no-such-file"}},
         FailureRow{"missing file to plot", 1, {"plot", "mtf", "no-such-file"}},
+        FailureRow{"a kind without a plot", 1,
+            {"plot", "kitbag", std::string(VIREO_SAMPLES) + "/dump/test-run.con"}},
         FailureRow{"missing file to show", 1, {"first-frame", "no-such-file"}}));
 
 } // namespace
