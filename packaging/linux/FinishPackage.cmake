@@ -16,8 +16,7 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/lintian-overrides ${share}/lintian/over
 
 # What strip leaves by itself.
 file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*
-     ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/lib/*/vireo/*.so
-     ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/lib/vireo/*.so)
+     ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/libexec/vireo/*)
 foreach(program IN LISTS programs)
   execute_process(COMMAND strip --strip-unneeded --remove-section=.comment
                           --remove-section=.note ${program} COMMAND_ERROR_IS_FATAL ANY)
