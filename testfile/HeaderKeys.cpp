@@ -2,6 +2,8 @@
 
 #include "testfile/HeaderNames.h"
 
+#include <algorithm>
+
 namespace vireo {
 
 namespace {
@@ -79,6 +81,12 @@ std::vector<HeaderKey> ListHeaderKeys(const TestFileHeader& header)
             keys.push_back({key::WithoutEquals(row.key), row.value(header)});
     }
     return keys;
+}
+
+bool IsHeaderKeyName(std::string_view name)
+{
+    return std::ranges::any_of(
+        kRows, [name](const KeyRow& row) { return key::WithoutEquals(row.key) == name; });
 }
 
 } // namespace vireo

@@ -24,4 +24,7 @@ struct HeaderKey {
 /// counts as present even where its reader fails; its value is then 0 (false, empty).
 std::vector<HeaderKey> ListHeaderKeys(const TestFileHeader& header);
 
+/// Whether ListHeaderKeys can give a key of this name.
+bool IsHeaderKeyName(std::string_view name);
+
 } // namespace vireo
