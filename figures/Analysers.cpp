@@ -15,19 +15,19 @@ namespace vireo {
 
 namespace {
 
-FileResult AnalysePlain(const Subject& subject, const AnalyseSettings&)
+FiguresResult AnalysePlain(const Subject& subject, const AnalyseSettings&)
 {
     return DescribeHeaderAndLength(subject);
 }
 
-FileResult AnalyseUnknown(const Subject& subject, const AnalyseSettings&)
+FiguresResult AnalyseUnknown(const Subject& subject, const AnalyseSettings&)
 {
-    return {ToLine(BeginObject(subject)), kUnknownKind};
+    return {BeginObject(subject), kUnknownKind};
 }
 
 struct Analyser {
     FileKind kind;
-    FileResult (*analyse)(const Subject&, const AnalyseSettings&);
+    FiguresResult (*analyse)(const Subject&, const AnalyseSettings&);
 };
 
 constexpr Analyser kAnalysers[] = {
@@ -47,13 +47,18 @@ constexpr Analyser kAnalysers[] = {
 
 } // namespace
 
-FileResult AnalyseFile(const Subject& subject, const AnalyseSettings& settings)
+FiguresResult ComputeFigures(const Subject& subject, const AnalyseSettings& settings)
 {
     for (const Analyser& analyser : kAnalysers) {
         if (analyser.kind == subject.Kind())
             return analyser.analyse(subject, settings);
     }
     return {{}, NotYet(subject.Kind(), "analysed")};
+}
+
+FileResult AnalyseFile(const Subject& subject, const AnalyseSettings& settings)
+{
+    return ToFileResult(ComputeFigures(subject, settings));
 }
 
 } // namespace vireo

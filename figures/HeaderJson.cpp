@@ -89,7 +89,7 @@ Json KeysToJson(const TestFileHeader& header)
 
 enum class DataLength { Told, LeftOut };
 
-FileResult DescribeLoaded(const Subject& subject, DataLength dataLength)
+FiguresResult DescribeLoaded(const Subject& subject, DataLength dataLength)
 {
     LoadedHeader loaded;
     if (std::string failure = LoadHeader(subject, loaded); !failure.empty())
@@ -98,19 +98,31 @@ FileResult DescribeLoaded(const Subject& subject, DataLength dataLength)
     object["keys"] = KeysToJson(loaded.header);
     if (dataLength == DataLength::Told)
         object["data_length"] = loaded.dataLength;
-    return {ToLine(object), {}};
+    return {std::move(object), {}};
 }
 
 } // namespace
 
 FileResult DescribeHeader(const Subject& subject)
 {
-    return DescribeLoaded(subject, DataLength::LeftOut);
+    return ToFileResult(DescribeLoaded(subject, DataLength::LeftOut));
 }
 
-FileResult DescribeHeaderAndLength(const Subject& subject)
+FiguresResult DescribeHeaderAndLength(const Subject& subject)
 {
     return DescribeLoaded(subject, DataLength::Told);
+}
+
+std::optional<int> ScannerFamilyOf(const Subject& subject)
+{
+    LoadedHeader loaded;
+    if (!LoadHeader(subject, loaded).empty())
+        return std::nullopt;
+    for (const auto value : {loaded.header.ScannerFamily(), loaded.header.Generation()}) {
+        if (value.found)
+            return value.value;
+    }
+    return std::nullopt;
 }
 
 } // namespace vireo

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
+
+#include <optional>
 
 namespace vireo {
 
@@ -11,6 +13,9 @@ FileResult DescribeHeader(const Subject& subject);
 
 /// The same and the length of the data block in bytes: all that is known of the kinds whose data
 /// no viewer here interprets.
-FileResult DescribeHeaderAndLength(const Subject& subject);
+FiguresResult DescribeHeaderAndLength(const Subject& subject);
+
+/// The family of the scanner as the file's header has it, or else its generation.
+std::optional<int> ScannerFamilyOf(const Subject& subject);
 
 } // namespace vireo

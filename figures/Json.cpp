@@ -1,5 +1,6 @@
 #include "figures/Json.h"
 
+#include "figures/FiguresResult.h"
 #include "figures/Subject.h"
 #include "platform/Text.h"
 
@@ -22,6 +23,11 @@ std::string ToLine(const Json& object)
 {
     constexpr int kOnOneLine = -1;
     return object.dump(kOnOneLine, ' ', false, Json::error_handler_t::replace);
+}
+
+FileResult ToFileResult(const FiguresResult& result)
+{
+    return {result.object.is_null() ? std::string() : ToLine(result.object), result.failure};
 }
 
 } // namespace vireo

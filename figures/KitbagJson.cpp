@@ -1,5 +1,6 @@
 #include "figures/KitbagJson.h"
 
+#include "figures/Analysers.h"
 #include "figures/Json.h"
 #include "figures/Subject.h"
 #include "platform/Sha256.h"
@@ -15,8 +16,8 @@ namespace vireo {
 namespace {
 
 /// The digest of a member; nothing where the dump has not got all of it.
-std::optional<std::string> Digest(
-    const PackedDump& dump, const PackedMember& member, std::vector<std::uint8_t>& buffer)
+std::optional<std::string> Digest(const PackedDump& dump, const PackedMember& member,
+    std::vector<std::uint8_t>& buffer, const std::stop_token& stop)
 {
     if (!member.isWhole)
         return std::nullopt;
@@ -25,7 +26,7 @@ std::optional<std::string> Digest(
         const auto wanted =
             static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), *member.size - done));
         const auto piece = std::span(buffer).first(wanted);
-        if (dump.File().ReadAt(member.offset + done, piece) < wanted)
+        if (stop.stop_requested() || dump.File().ReadAt(member.offset + done, piece) < wanted)
             return std::nullopt;
         digest.Add(piece);
         done += wanted;
@@ -54,7 +55,7 @@ std::string OpenDump(const Subject& subject, PackedDump& dump)
         result == DumpResult::CantOpen ? Describe(dump.FileFailure()) : Describe(result));
 }
 
-FileResult AnalyseKitbag(const Subject& subject, const AnalyseSettings&)
+FiguresResult AnalyseKitbag(const Subject& subject, const AnalyseSettings& settings)
 {
     constexpr std::size_t kBufferBytes = std::size_t{1} << 20;
     PackedDump dump;
@@ -66,14 +67,18 @@ FileResult AnalyseKitbag(const Subject& subject, const AnalyseSettings&)
     std::vector<std::uint8_t> buffer(kBufferBytes);
     std::size_t cutOff = 0;
     for (const PackedMember& member : dump.Members()) {
-        const std::optional<std::string> digest = Digest(dump, member, buffer);
-        cutOff += digest ? 0 : 1;
+        const std::optional<std::string> digest =
+            settings.contents ? Digest(dump, member, buffer, settings.stop) : std::nullopt;
+        const bool isWhole = settings.contents ? digest.has_value() : member.isWhole;
+        cutOff += isWhole ? 0 : 1;
         members.push_back(MemberToJson(member, digest));
     }
+    if (settings.stop.stop_requested())
+        return {{}, kCancelled};
     if (cutOff == 0)
-        return {ToLine(object), {}};
+        return {std::move(object), {}};
     return {
-        ToLine(object), Format("%zu of %zu members are cut off", cutOff, dump.Members().size())};
+        std::move(object), Format("%zu of %zu members are cut off", cutOff, dump.Members().size())};
 }
 
 } // namespace vireo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 #include <string>
 
@@ -15,6 +15,6 @@ std::string OpenDump(const Subject& subject, PackedDump& dump);
 
 /// The directory of a packed dump and the digest of each member. Where the dump ends before a
 /// member does, there is no digest of it and, besides the object, a failure.
-FileResult AnalyseKitbag(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseKitbag(const Subject& subject, const AnalyseSettings& settings);
 
 } // namespace vireo

@@ -67,7 +67,7 @@ Json MarksOfPlanes(const NoiseData& data, const NoiseRuler& ruler)
 
 } // namespace
 
-FileResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings)
+FiguresResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings)
 {
     NoiseData data;
     if (const NoiseResult result = data.Read(subject.path); result != NoiseResult::Ok)
@@ -82,7 +82,7 @@ FileResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings)
     object["scanner_name"] = FileText(data.m_ScannerName);
     object["unit"] = UnitName(unit);
     object["marks"] = MarksOfPlanes(data, {data.m_iLineLength, data.m_dWidthFactor, unit});
-    return {ToLine(object), {}};
+    return {std::move(object), {}};
 }
 
 } // namespace vireo

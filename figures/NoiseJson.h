@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 namespace vireo {
 
@@ -8,6 +8,6 @@ struct AnalyseSettings;
 struct Subject;
 
 /// The record of a noise test file, and where each of its planes leaves the band.
-FileResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseNoise(const Subject& subject, const AnalyseSettings& settings);
 
 } // namespace vireo

@@ -98,7 +98,7 @@ bool AddPlanes(Json& object, const OscilloscopeData& data, std::int64_t line)
 
 } // namespace
 
-FileResult AnalyseOscilloscope(const Subject& subject, const AnalyseSettings& settings)
+FiguresResult AnalyseOscilloscope(const Subject& subject, const AnalyseSettings& settings)
 {
     OscilloscopeData data;
     if (std::string failure = OpenOscilloscope(subject, settings.line, data); !failure.empty())
@@ -108,7 +108,7 @@ FileResult AnalyseOscilloscope(const Subject& subject, const AnalyseSettings& se
     AddLayout(object, data);
     if (!AddPlanes(object, data, settings.line))
         return {{}, "The data cannot be read to their end"};
-    return {ToLine(object), {}};
+    return {std::move(object), {}};
 }
 
 } // namespace vireo

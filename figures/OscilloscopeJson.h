@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 #include <cstdint>
 #include <string>
@@ -12,7 +12,7 @@ struct AnalyseSettings;
 struct Subject;
 
 /// Header values, layout and the figures of one line of an oscilloscope or MTF file.
-FileResult AnalyseOscilloscope(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseOscilloscope(const Subject& subject, const AnalyseSettings& settings);
 
 /// Opens an oscilloscope or MTF file of which line `line` (0-based) is wanted; gives the reason
 /// when it cannot be read or has no such line, else an empty text.

@@ -65,7 +65,7 @@ Json SweepToJson(const StarTestSweep& sweep, bool withValues)
 
 } // namespace
 
-FileResult AnalyseStarTest(const Subject& subject, const AnalyseSettings& settings)
+FiguresResult AnalyseStarTest(const Subject& subject, const AnalyseSettings& settings)
 {
     StarTestData data;
     if (std::string failure = OpenStarTest(subject, std::nullopt, data); !failure.empty())
@@ -78,7 +78,7 @@ FileResult AnalyseStarTest(const Subject& subject, const AnalyseSettings& settin
     Json& sweeps = object["sweeps"] = Json::array();
     for (const StarTestSweep& sweep : data.m_sweeps)
         sweeps.push_back(SweepToJson(sweep, settings.arrays));
-    return {ToLine(object), {}};
+    return {std::move(object), {}};
 }
 
 } // namespace vireo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 #include <cstdint>
 #include <optional>
@@ -18,6 +18,6 @@ std::string OpenStarTest(
     const Subject& subject, std::optional<std::int64_t> sweep, StarTestData& data);
 
 /// The settings of every sweep of a star-test file, and the figures of its curves.
-FileResult AnalyseStarTest(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseStarTest(const Subject& subject, const AnalyseSettings& settings);
 
 } // namespace vireo

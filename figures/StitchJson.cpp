@@ -7,7 +7,7 @@
 
 namespace vireo {
 
-FileResult AnalyseStitch(const Subject& subject, const AnalyseSettings& settings)
+FiguresResult AnalyseStitch(const Subject& subject, const AnalyseSettings& settings)
 {
     StitchData data;
     if (const StitchResult result = data.Read(subject.path); result != StitchResult::Ok)
@@ -21,7 +21,7 @@ FileResult AnalyseStitch(const Subject& subject, const AnalyseSettings& settings
     object["missing"] = data.Missing();
     const auto digest = settings.hashes ? data.PictureSha256() : std::nullopt;
     object["picture_sha256"] = digest ? Json(*digest) : Json(nullptr);
-    return {ToLine(object), {}};
+    return {std::move(object), {}};
 }
 
 } // namespace vireo

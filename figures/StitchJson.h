@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 namespace vireo {
 
@@ -8,6 +8,6 @@ struct AnalyseSettings;
 struct Subject;
 
 /// The record of a stitch test file, and a digest of its picture.
-FileResult AnalyseStitch(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseStitch(const Subject& subject, const AnalyseSettings& settings);
 
 } // namespace vireo

@@ -28,6 +28,9 @@ FileStatus RecogniseSubject(
 /// The reason to tell when a file is of no kind that is known.
 inline constexpr const char* kUnknownKind = "Unknown kind of file";
 
+/// The reason of work that was asked to stop.
+inline constexpr const char* kCancelled = "Cancelled";
+
 /// The reason to tell when a command has no way to do a kind of file, such as "Files of kind noise
 /// cannot be rendered yet".
 std::string NotYet(FileKind kind, std::string_view done);

@@ -1,5 +1,6 @@
 #include "figures/TiffJson.h"
 
+#include "figures/Analysers.h"
 #include "figures/Json.h"
 #include "figures/Subject.h"
 #include "imagefile/CTIFReader.h"
@@ -45,11 +46,11 @@ std::string HexCode(ImageResult result)
 }
 
 /// The digest of all rows, those that fail with what they hold. `result` takes the first failure.
-std::string DigestOfRows(
-    CTIFReader& reader, const RowBuffer& buffer, std::uint32_t rows, ImageResult& result)
+std::string DigestOfRows(CTIFReader& reader, const RowBuffer& buffer, std::uint32_t rows,
+    const std::stop_token& stop, ImageResult& result)
 {
     Sha256 digest;
-    for (std::uint32_t row = 0; row < rows; ++row) {
+    for (std::uint32_t row = 0; row < rows && !stop.stop_requested(); ++row) {
         const ImageResult rowResult = reader.ReadLine();
         if (result == ImageResult::Ok)
             result = rowResult;
@@ -60,7 +61,7 @@ std::string DigestOfRows(
 
 } // namespace
 
-FileResult AnalyseTiff(const Subject& subject, const AnalyseSettings&)
+FiguresResult AnalyseTiff(const Subject& subject, const AnalyseSettings& settings)
 {
     RowBuffer buffer;
     CTIFReader reader;
@@ -69,8 +70,10 @@ FileResult AnalyseTiff(const Subject& subject, const AnalyseSettings&)
     std::uint32_t rows = 0;
     ImageResult result = reader.Open(rows);
     Json digest;
-    if (result == ImageResult::Ok)
-        digest = DigestOfRows(reader, buffer, rows, result);
+    if (result == ImageResult::Ok && settings.contents)
+        digest = DigestOfRows(reader, buffer, rows, settings.stop, result);
+    if (settings.stop.stop_requested())
+        return {{}, kCancelled};
 
     Json object = BeginObject(subject);
     object["pages"] = reader.Pages();
@@ -89,7 +92,7 @@ FileResult AnalyseTiff(const Subject& subject, const AnalyseSettings&)
     object["row_bytes"] = reader.RowBytes();
     object["result"] = HexCode(result);
     object["pixels_sha256"] = std::move(digest);
-    return {ToLine(object), std::string(Describe(result))};
+    return {std::move(object), std::string(Describe(result))};
 }
 
 } // namespace vireo

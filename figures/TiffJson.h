@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 namespace vireo {
 
@@ -9,6 +9,6 @@ struct Subject;
 
 /// What the first page of a TIFF file says, and the digest of its pixels. There is an object for
 /// every file, with a failure when a row or the whole page could not be read.
-FileResult AnalyseTiff(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseTiff(const Subject& subject, const AnalyseSettings& settings);
 
 } // namespace vireo

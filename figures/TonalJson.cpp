@@ -70,7 +70,7 @@ Json PatchOf(const TonalPatch& patch)
 
 } // namespace
 
-FileResult AnalyseTonal(const Subject& subject, const AnalyseSettings&)
+FiguresResult AnalyseTonal(const Subject& subject, const AnalyseSettings&)
 {
     TonalResolutionData data;
     if (const TonalResult result = data.Read(subject.path); result != TonalResult::Ok)
@@ -82,7 +82,7 @@ FileResult AnalyseTonal(const Subject& subject, const AnalyseSettings&)
     for (const TonalPatch& patch : data.m_patches)
         patches.push_back(PatchOf(patch));
     object["report"] = TonalReport(data);
-    return {ToLine(object), {}};
+    return {std::move(object), {}};
 }
 
 } // namespace vireo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "figures/FileResult.h"
+#include "figures/FiguresResult.h"
 
 namespace vireo {
 
@@ -9,6 +9,6 @@ struct Subject;
 
 /// The record of a tonal resolution file with its figures as worked out from the patches. The file
 /// itself stays as it is.
-FileResult AnalyseTonal(const Subject& subject, const AnalyseSettings& settings);
+FiguresResult AnalyseTonal(const Subject& subject, const AnalyseSettings& settings);
 
 } // namespace vireo
