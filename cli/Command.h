@@ -21,6 +21,7 @@ struct Command {
 Command IdentifyCommand();
 Command HeaderCommand();
 Command AnalyseCommand();
+Command CheckCommand();
 Command RenderCommand();
 Command ExportCommand();
 Command UnpackCommand();

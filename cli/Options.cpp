@@ -69,6 +69,15 @@ void AddJobsOption(CLI::App& command, Settings& settings)
         ->type_name("N");
 }
 
+CLI::Option* AddLimitsOption(CLI::App& command, Settings& settings)
+{
+    const auto take = [&settings](const std::string& path) {
+        settings.limits = PathFromUtf8(WithoutGuard(path));
+    };
+    return command.add_option_function<std::string>("--limits", take, "The limits of the figures")
+        ->type_name("LIMITS");
+}
+
 void AddKindOption(CLI::App& command, Settings& settings)
 {
     const auto take = [&settings](const std::string& id) {

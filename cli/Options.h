@@ -4,7 +4,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace vireo {
 
@@ -16,6 +17,8 @@ void AddFileArgument(CLI::App& command, Settings& settings);
 void AddOutputOption(CLI::App& command, Settings& settings, const char* description,
     void (*check)(Settings& settings) = nullptr);
 void AddJobsOption(CLI::App& command, Settings& settings);
+/// The limits file of figures, not required unless the command says so.
+CLI::Option* AddLimitsOption(CLI::App& command, Settings& settings);
 void AddKindOption(CLI::App& command, Settings& settings);
 void AddLineOption(CLI::App& command, Settings& settings);
 void AddSweepOption(CLI::App& command, Settings& settings);

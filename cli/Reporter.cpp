@@ -27,6 +27,7 @@ void Reporter::Report(const std::string& file, const FileResult& result)
         const bool written = std::fwrite(line.data(), 1, line.size(), stdout) == line.size();
         m_outputFailed |= !written || std::fflush(stdout) != 0;
     }
+    m_anyFailed |= result.isRejected;
     if (!result.failure.empty()) {
         m_anyFailed = true;
         PrintError(kCommandLineProgram, file + ": " + result.failure);

@@ -29,6 +29,7 @@ struct Settings {
     std::size_t jobs = 1;         ///< Files worked on at the same time.
     std::int64_t line = 0;        ///< 0-based.
     std::filesystem::path output;
+    std::filesystem::path limits; ///< Empty: none.
 
     PictureFormat format = PictureFormat::Png;
     /// Of the plot in pixels; of a page's main plot, which is scaled to the paper, in the units of
