@@ -4,6 +4,7 @@
 #include "app/DumpView.h"
 #include "app/FileMessage.h"
 #include "app/LoadPath.h"
+#include "app/ProgramLimits.h"
 #include "platform/Log.h"
 #include "platform/Message.h"
 #include "platform/ProgramInfo.h"
@@ -109,6 +110,7 @@ void CViewerDlg::OnInitDialog()
     if (!m_fileToLoad.empty())
         m_dispatchTimer = startTimer(kDispatchMilliseconds);
     setWindowTitle(QStringFromText(LoadStringResource(StringId::kApplicationTitle)));
+    UseLimits(std::make_unique<ProgramLimits>(m_setup.scannerSettings));
     ShowRecentFiles();
     ShowScannerChoice();
 }

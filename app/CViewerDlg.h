@@ -35,7 +35,7 @@ public:
         ViewerTable viewers;
         std::filesystem::path recentList;      ///< Where the recent files are kept; empty: nowhere.
         std::filesystem::path programFolder;   ///< Where the log goes; empty: cannot be told.
-        std::filesystem::path scannerSettings; ///< Where the choice of the scanner is kept.
+        std::filesystem::path scannerSettings; ///< Where scanner and limits are kept.
         std::function<DispatchPlan(const std::filesystem::path& file)> plan = PlanDispatch;
         /// Unpacks a packed dump into its own folder, with its own messages; false: there is
         /// nothing to show.

@@ -1,3 +1,4 @@
+#include "app/ProgramLimits.h"
 #include "app/ViewerTable.h"
 #include "scanner/ScannerChoice.h"
 #include "viewers/adjustment/CAdjustCenterCCD_Dialog.h"
@@ -37,6 +38,14 @@ private:
     std::optional<OpenScanner> m_opened;
 };
 
+/// Runs a viewer of files, whose figures are checked by the user's limits.
+template <typename Dialog>
+void Run(Dialog&& dialog)
+{
+    dialog.UseLimits(std::make_unique<ProgramLimits>(ScannerSettingsFile()));
+    dialog.exec();
+}
+
 void AddLiveTests(ViewerTable& viewers)
 {
     const auto scanner = std::make_shared<ChosenScanner>();
@@ -52,7 +61,7 @@ void AddLiveTests(ViewerTable& viewers)
         "CNCTest_Dialog",
         [scanner](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
             if (!file.empty())
-                CNCTest_Dialog(file, parent).exec();
+                Run(CNCTest_Dialog(file, parent));
             else if (scanner->Open(parent))
                 CNCTest_Dialog(scanner->Take(), parent).exec();
         },
@@ -68,45 +77,45 @@ ViewerTable ProgramViewers()
         [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
             std::error_code ignored;
             const bool isFolder = std::filesystem::is_directory(file, ignored);
-            COscilloscope_Dialog(file, isFolder, host, parent).exec();
+            Run(COscilloscope_Dialog(file, isFolder, host, parent));
         });
     viewers.Add("CNoiseTest_SM_Dialog",
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            CNoiseTest_SM_Dialog(file, parent).exec();
+            Run(CNoiseTest_SM_Dialog(file, parent));
         });
     viewers.Add(
         "CView_LPF_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            CView_LPF_Dialog(file, parent).exec();
+            Run(CView_LPF_Dialog(file, parent));
         });
     viewers.Add("CAdjustCenterCCD_Dialog",
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            CAdjustCenterCCD_Dialog(file, parent).exec();
+            Run(CAdjustCenterCCD_Dialog(file, parent));
         });
     viewers.Add("CVerticalCameraVerification_Dialog",
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            CVerticalCameraVerification_Dialog(file, parent).exec();
+            Run(CVerticalCameraVerification_Dialog(file, parent));
         });
     AddLiveTests(viewers);
     viewers.Add(
         "CPictureView_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            CPictureView_Dialog(file, parent).exec();
+            Run(CPictureView_Dialog(file, parent));
         });
     viewers.SetPictureViewer([](const MarkedPicture& picture, QWidget* parent) {
-        CPictureView_Dialog(picture, parent).exec();
+        Run(CPictureView_Dialog(picture, parent));
     });
     viewers.Add("CTonalResolutionDialog",
         [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            CTonalResolutionDialog(file, parent).exec();
+            Run(CTonalResolutionDialog(file, parent));
         });
     viewers.Add("CStarTest_Dialog",
         [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
-            CStarTest_Dialog(file, host, parent).exec();
+            Run(CStarTest_Dialog(file, host, parent));
         });
     viewers.Add(
         "CView_Stitch_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
             CView_Stitch_Dialog dialog(file, parent);
             if (dialog.HasPicture())
-                dialog.exec();
+                Run(dialog);
         });
     return viewers;
 }

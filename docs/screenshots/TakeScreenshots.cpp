@@ -6,6 +6,7 @@
 // QT_SCALE_FACTOR=2 gives the same pictures at 200 %.
 
 #include "app/CViewerDlg.h"
+#include "app/ProgramLimits.h"
 #include "app/ViewerTable.h"
 #include "platform/Message.h"
 #include "scanner/ScannerChoice.h"
@@ -40,10 +41,17 @@ struct Shot {
     int downKeys = 0;                    ///< The arrow key, on the widget "plot", before all else.
     QPointF pointer{};                   ///< Where it rests, as shares of the widget "plot".
     const char* child = nullptr;         ///< A menu command whose own dialog is taken instead.
+    bool hasLimits = false;              ///< Judged by the limits of samples/limits.
 };
 
 const Shot kShots[] = {
     {"oscilloscope", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760}, {}},
+    {"limits", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760}, {}, {}, 0, {},
+        nullptr, true},
+    {"limits-noise", "CNoiseTest_SM_Dialog", "noise-four-planes.con", {1200, 760}, {}, {}, 0, {},
+        nullptr, true},
+    {"limits-star-test", "CStarTest_Dialog", "startest-sweeps.con", {1200, 760}, {}, {}, 0, {},
+        nullptr, true},
     {"oscilloscope-light-profile", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760},
         {"lightProfileButton"}},
     {"oscilloscope-scan-width", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760},
@@ -165,9 +173,9 @@ bool Photograph(const Shot& shot, const QString& target)
         good = RunCommand(*dialog, command) && good;
     for (const char* const button : shot.clicks)
         good = Click(*dialog, button) && good;
-    // How many lines come is counted for half a second.
+    // How many lines come is counted for half a second; a verdict comes when the file is read.
     constexpr int kLive = 1300;
-    QTest::qWait(*shot.sample == '\0' ? kLive : 150);
+    QTest::qWait(*shot.sample == '\0' || shot.hasLimits ? kLive : 150);
     if (shot.child)
         good = PhotographChild(*dialog, shot.child, target) && good;
     else
@@ -236,6 +244,8 @@ bool Take(const Shot& shot, const std::filesystem::path& samples, const QString&
     QTimer::singleShot(300, [&] { good = Photograph(shot, target); });
     const QTemporaryDir scratch;
     const bool isLive = *shot.sample == '\0';
+    vireo::ProgramLimits(vireo::ScannerSettingsFile())
+        .Choose(shot.hasLimits ? samples / "limits" / "final-test.txt" : std::filesystem::path());
     viewers.OpenViewer(shot.viewer,
         isLive ? std::filesystem::path() : CopyOf(samples / shot.sample, scratch), nullptr);
     std::printf("%s %s\n", good ? "took" : "FAILED", qPrintable(target));

@@ -101,6 +101,7 @@ void CAdjustment_Dialog::ReadFile(const std::filesystem::path& path)
     const AdjustmentResult result = m_data.Read(path, m_kind);
     m_iLine = 0;
     ShowFile();
+    CheckLimits();
     if (result != AdjustmentResult::Ok)
         TellFileFailure(path, m_data.DescribeFailure(result));
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vireo {
 
@@ -45,6 +46,15 @@ void CLPFControle::SetCameras(const ProfileCameras& cameras)
 void CLPFControle::SetUnit(const ProfileUnit& unit)
 {
     m_content.unit = unit;
+    Redraw();
+}
+
+void CLPFControle::SetLimits(std::vector<Limit> limits)
+{
+    if (limits.empty() && m_limits.empty())
+        return;
+    m_limits = std::move(limits);
+    m_content.limits = m_limits;
     Redraw();
 }
 

@@ -33,6 +33,8 @@ public:
     void SetCameras(const ProfileCameras& cameras);
     /// The unit of positions; millimetres at first.
     void SetUnit(const ProfileUnit& unit);
+    /// The limits of the figures of the line, of which the plot marks those of values.
+    void SetLimits(std::vector<Limit> limits);
     /// The views whose stretches an overview marks; not owned.
     void SetDetails(std::vector<const CLPFControle*> details);
 
@@ -98,6 +100,7 @@ private:
     double PixelUnder(QPoint point) const;
     std::int64_t LineLength() const;
 
+    std::vector<Limit> m_limits;
     ProfilePlotContent m_content;
     ProfileRequest m_request;
     /// The user has chosen the view: data that come anew do not change it.

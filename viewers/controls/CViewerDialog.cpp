@@ -5,6 +5,7 @@
 #include "resources/StringTable.h"
 #include "viewers/controls/CAboutDlg.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
+#include "viewers/controls/CLimitsWatch.h"
 #include "viewers/controls/Placement.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/Resources.h"
@@ -14,6 +15,9 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QShowEvent>
+#include <QToolButton>
+
+#include <utility>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -128,6 +132,26 @@ void CViewerDialog::AddHeaderToFileMenu()
         header->setText(tr("Show &Header"));
         AddToFileMenu(header);
     }
+}
+
+void CViewerDialog::UseLimits(std::unique_ptr<ViewerLimits> limits)
+{
+    m_limits = new CLimitsWatch(std::move(limits), this);
+    m_menuBar->setCornerWidget(&m_limits->Badge());
+    AddToFileMenu(&m_limits->ChooseAction());
+    AddToFileMenu(&m_limits->ClearAction());
+    connect(m_limits, &CLimitsWatch::Answered, this, [this] {
+        // The badge comes and goes, and the menu bar does not see it by itself.
+        m_menuBar->setCornerWidget(&m_limits->Badge());
+        ShowLimits(m_limits->Answer().limits);
+    });
+    CheckLimits();
+}
+
+void CViewerDialog::CheckLimits(std::int64_t line)
+{
+    if (m_limits)
+        m_limits->SetQuestion({ShownFile(), line});
 }
 
 void CViewerDialog::OnAbout()

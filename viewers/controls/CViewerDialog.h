@@ -3,13 +3,20 @@
 #include <QAction>
 #include <QDialog>
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
+#include <memory>
+#include <vector>
 
 class QMenu;
 class QMenuBar;
 
 namespace vireo {
+
+class CLimitsWatch;
+class ViewerLimits;
+struct Limit;
 
 /// What all viewer dialogs have in common: icon, a window that can be maximised and minimised, a
 /// slim menu bar, "&About Vireo..." and the accelerator table.
@@ -21,6 +28,10 @@ class CViewerDialog : public QDialog {
 
 public:
     explicit CViewerDialog(QWidget* parent = nullptr);
+
+    /// Has the figures of every file on view checked by the user's limits from now on: a badge at
+    /// the end of the menu bar shows the verdict, and the file menu offers to choose limits.
+    void UseLimits(std::unique_ptr<ViewerLimits> limits);
 
     /// The name of the accelerator table of all viewers.
     static constexpr const char* kAcceleratorTable = "IDR_ACCELERATOR_VIREO";
@@ -64,6 +75,11 @@ protected:
     /// Puts "Show &Header" into the file menu.
     void AddHeaderToFileMenu();
 
+    /// Another file is on view, or another line (0-based) of it: its figures are to be checked.
+    void CheckLimits(std::int64_t line = 0);
+    /// Marks the limits that hold for the file on view, none when nobody has chosen any.
+    virtual void ShowLimits(const std::vector<Limit>&) { }
+
     /// Shows the about box, modally.
     virtual void OnAbout();
 
@@ -80,6 +96,7 @@ private:
     QMenu* m_fileMenu;
     QMenu* m_viewMenu = nullptr;
     QMenu* m_helpMenu;
+    CLimitsWatch* m_limits = nullptr; ///< Null until limits are used.
     QAction* m_fileMenuEnd = nullptr; ///< What the dialog's own actions stand above.
     std::map<int, QAction*> m_accelerators;
 };

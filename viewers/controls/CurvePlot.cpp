@@ -91,6 +91,7 @@ public:
                 m_furniture.DrawPositionAxis({m_content.pointName, 1.0, m_content.pointAxisRow,
                     std::max(m_area.left() - kValueRoom, 2.0)});
             DrawCurves();
+            m_furniture.DrawLimits(m_content.limits);
         }
         DrawValueTexts();
         m_furniture.DrawFrame();

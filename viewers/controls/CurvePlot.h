@@ -1,5 +1,6 @@
 #pragma once
 
+#include "limits/LimitLevels.h"
 #include "viewers/controls/CurveSlots.h"
 #include "viewers/controls/ProfileView.h"
 #include "viewers/controls/VerticalScale.h"
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QPainter;
 
@@ -33,6 +35,7 @@ struct CurvePlotContent {
     int pointAxisRow = 0;      ///< The row below the plot that the points' numbers stand in.
     int gridParts = 0;         ///< Parts of the width between upright grid lines.
     double leftReserved = 0.0; ///< Of the left margin, for somebody else's texts.
+    std::vector<LimitLevel> limits = {};
 };
 
 /// Where a plot of a size has its plot area: a tenth is free on each side.

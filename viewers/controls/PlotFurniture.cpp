@@ -5,6 +5,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <vector>
 
 namespace vireo {
 
@@ -91,6 +93,31 @@ void PlotFurniture::DrawTitle(const std::string& title) const
         QString::fromStdString(title), Qt::ElideRight, m_size.width() - m_area.left());
     DrawText(
         m_area.left(), kTitleHeight - 6.0, fitting.toStdString(), Align::Left, PlotColour::kInk);
+}
+
+void PlotFurniture::DrawLimits(std::span<const LimitLevel> levels) const
+{
+    constexpr double kBeforeLabel = 8.0;
+    constexpr double kBesideLine = 3.0;
+    std::vector<double> baselines;
+    for (const LimitLevel& level : levels) {
+        const double y = std::floor(m_scale.YAt(level.value));
+        // Not of a value that is no number, either.
+        if (!(y >= m_area.top() && y <= m_area.bottom()))
+            continue;
+        DrawLine(m_area.left(), y, m_area.right(), y, PlotColour::kLimit, LineStyle::Dashed);
+        const double below = y + kBesideLine + m_metrics.ascent();
+        const bool isBelow = level.isLowest && below <= m_area.bottom();
+        const double baseline =
+            isBelow ? below : std::max(y - kBesideLine, m_area.top() + m_metrics.ascent());
+        const bool isFree = std::ranges::all_of(baselines,
+            [&](double other) { return std::abs(other - baseline) >= m_metrics.height(); });
+        if (!isFree)
+            continue;
+        baselines.push_back(baseline);
+        DrawBoxedText(
+            m_area.left() + kBeforeLabel, baseline, level.label, Align::Left, PlotColour::kLimit);
+    }
 }
 
 double PlotFurniture::AlignedLeft(double x, double width, Align align) const

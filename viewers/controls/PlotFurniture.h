@@ -1,5 +1,6 @@
 #pragma once
 
+#include "limits/LimitLevels.h"
 #include "viewers/controls/AxisTicks.h"
 #include "viewers/controls/ProfileView.h"
 #include "viewers/controls/StraightLine.h"
@@ -10,6 +11,7 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include <span>
 #include <string>
 
 class QPainter;
@@ -22,6 +24,7 @@ inline constexpr QColor kInk(30, 34, 38);
 inline constexpr QColor kSoftInk(105, 112, 120);
 inline constexpr QColor kFrame(90, 96, 104);
 inline constexpr QColor kGrid(228, 231, 235);
+inline constexpr QColor kLimit(140, 0, 160);
 } // namespace PlotColour
 
 /// One row of positions below a plot.
@@ -61,6 +64,10 @@ public:
     void DrawPositionAxis(const PositionAxis& axis) const;
     /// A text above the plot, cut where it does not fit.
     void DrawTitle(const std::string& title) const;
+
+    /// Limits of figures: a dashed line at each level that is in view. Its label stands at the
+    /// left on the side that is outside of the limit, where it covers no other label.
+    void DrawLimits(std::span<const LimitLevel> levels) const;
 
     void DrawText(double x, double baseline, const std::string& text, Align align,
         const QColor& colour) const;

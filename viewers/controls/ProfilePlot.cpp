@@ -1,5 +1,7 @@
 #include "viewers/controls/ProfilePlot.h"
 
+#include "limits/LimitLevels.h"
+#include "platform/Text.h"
 #include "viewers/controls/PlotFurniture.h"
 #include "viewers/controls/TraceDrawing.h"
 
@@ -7,6 +9,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <utility>
 
 namespace vireo {
 
@@ -81,6 +85,24 @@ std::vector<LegendEntry> LegendOf(const ProfilePlotContent& content)
     return legend.size() > 1 ? legend : std::vector<LegendEntry>();
 }
 
+/// The limits of the planes shown; where there are several, with their names.
+std::vector<LimitLevel> LevelsOfPlanes(const ProfilePlotContent& content)
+{
+    std::vector<LimitLevel> levels;
+    const bool showsEvery = ShowsEveryPlane(content);
+    for (const ShownColour plane : kPlanes) {
+        if (!showsEvery && PlaneOf(content.shown) != PlaneOf(plane))
+            continue;
+        const std::string name = LowerAscii(ColourName(plane));
+        for (LimitLevel& level : LevelsOf(content.limits, "planes." + name + ".min|max|mean")) {
+            if (showsEvery)
+                level.label.insert(0, name + ' ');
+            levels.push_back(std::move(level));
+        }
+    }
+    return levels;
+}
+
 /// One drawing of a plot: what its steps share.
 class PlotDrawing {
 public:
@@ -107,6 +129,7 @@ public:
             DrawCameras();
             DrawCurves();
             DrawLevels();
+            m_furniture.DrawLimits(LevelsOfPlanes(m_content));
             DrawMarks();
         }
         DrawTitle();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "limits/LimitsFile.h"
 #include "viewers/controls/ProfileLine.h"
 #include "viewers/controls/ProfileScene.h"
 #include "viewers/controls/ProfileView.h"
@@ -9,6 +10,7 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include <span>
 #include <vector>
 
 class QPainter;
@@ -30,6 +32,8 @@ struct ProfilePlotContent {
     ProfileScene scene; ///< Its view is the stretch drawn.
     std::vector<ProfileStretch> stretches;
     ProfileUnit unit = {}; ///< Of the second row of positions, where a pixel's width is known.
+    /// Those of the shown planes' lowest, highest and mean value are marked; not owned.
+    std::span<const Limit> limits = {};
 };
 
 /// The colour in which a plane (or a gray line) is drawn on white.

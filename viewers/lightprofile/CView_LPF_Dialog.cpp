@@ -142,6 +142,7 @@ void CView_LPF_Dialog::ReadFile(const std::filesystem::path& path)
     const LightProfileResult result = m_data.Read(path);
     m_line = 0;
     FitDialogToFile();
+    CheckLimits();
     if (result != LightProfileResult::Ok)
         TellFileFailure(path, m_data.DescribeFailure(result));
     else if (!m_data.Complaint().empty())

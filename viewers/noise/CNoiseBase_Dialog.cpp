@@ -88,8 +88,14 @@ void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)
     ShowRecord();
     m_widgets.fileText->setText(QStringFromPath(path.filename()));
     m_widgets.fileText->setToolTip(QStringFromPath(path));
+    CheckLimits();
     if (!m_bLoaded)
         TellFileFailure(path, m_data.DescribeFailure(result));
+}
+
+void CNoiseBase_Dialog::ShowLimits(const std::vector<Limit>& limits)
+{
+    m_widgets.plot->SetLimits(limits);
 }
 
 void CNoiseBase_Dialog::ForgetFile()

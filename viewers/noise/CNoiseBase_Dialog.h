@@ -39,6 +39,7 @@ protected:
 
     void OnInitDialog() override;
     std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    void ShowLimits(const std::vector<Limit>& limits) override;
 
     /// Reads a file and shows it. What cannot be read is told and leaves an empty plot.
     void ReadFile(const std::filesystem::path& path);

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace vireo {
 
@@ -26,6 +27,15 @@ void CNoiseTestControl::SetData(const NoiseData* record)
 void CNoiseTestControl::SetUnit(PositionUnit unit)
 {
     m_content.unit = unit;
+    Redraw();
+}
+
+void CNoiseTestControl::SetLimits(std::vector<Limit> limits)
+{
+    if (limits.empty() && m_limits.empty())
+        return;
+    m_limits = std::move(limits);
+    m_content.limits = m_limits;
     Redraw();
 }
 

@@ -25,6 +25,8 @@ public:
     /// empty plot. Shows the whole line.
     void SetData(const NoiseData* record);
     void SetUnit(PositionUnit unit);
+    /// The limits of the figures of the record, of which the plot marks those of averages.
+    void SetLimits(std::vector<Limit> limits);
 
     const NoisePlotContent& Content() const { return m_content; }
     const NoiseView& View() const { return m_view; }
@@ -67,6 +69,7 @@ private:
     bool PrintOn(
         QPrinter& printer, const std::vector<std::string>& header, const char* documentName) const;
 
+    std::vector<Limit> m_limits;
     NoisePlotContent m_content;
     NoiseView m_view;
     std::optional<std::int64_t> m_cursor;

@@ -1,5 +1,6 @@
 #include "viewers/noise/NoisePlot.h"
 
+#include "limits/LimitLevels.h"
 #include "platform/Text.h"
 #include "viewers/controls/Colours.h"
 #include "viewers/controls/PlotCursor.h"
@@ -41,6 +42,13 @@ QColor MarkColour(ShownColour shown)
     return ToQColor(shown == ShownColour::Gray ? kGray : ColourOfIndex(static_cast<int>(shown)));
 }
 
+/// The figure of the shown plane's average. The one plane of a gray file is told as green.
+std::string NameOfAverage(const NoiseData& data)
+{
+    const ShownColour shown = data.m_bHasColour ? data.m_shown : ShownColour::Green;
+    return "averages." + LowerAscii(ColourName(shown));
+}
+
 /// One drawing of a plot: what its steps share.
 class NoiseDrawing {
 public:
@@ -73,6 +81,8 @@ public:
             DrawCurve();
         if (hasBand)
             DrawBandLines();
+        if (m_plane)
+            m_furniture.DrawLimits(LevelsOf(m_content.limits, NameOfAverage(*m_content.data)));
         if (m_plane && hasBand)
             DrawMarks();
         DrawTitle();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "limits/LimitsFile.h"
 #include "viewers/controls/ProfileView.h"
 #include "viewers/noise/NoiseRuler.h"
 
@@ -7,6 +8,7 @@
 #include <QSizeF>
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -22,6 +24,8 @@ struct NoisePlotContent {
     const NoiseData* data = nullptr;
     ProfileView view; ///< The stretch drawn.
     PositionUnit unit = PositionUnit::Centimetre;
+    /// Those of the shown plane's average are marked; not owned.
+    std::span<const Limit> limits = {};
 
     NoiseRuler Ruler() const;
 };

@@ -280,11 +280,17 @@ void COscilloscope_Dialog::ShowLine()
     m_ui->lineText->setText(
         QStringFromText(LineText(m_animation.CurrentLine(), m_animation.LineCount())));
     ShowFocus();
+    CheckLimits(m_animation.CurrentLine());
     if (complete)
         return;
     // Somebody has shortened the file; told where it does not stop the user every 100 ms.
     m_timer.stop();
     m_ui->cursorText->setText(tr("This line can no longer be read from the file."));
+}
+
+void COscilloscope_Dialog::ShowLimits(const std::vector<Limit>& limits)
+{
+    m_ui->overviewPlot->SetLimits(limits);
 }
 
 void COscilloscope_Dialog::ShowFocus()

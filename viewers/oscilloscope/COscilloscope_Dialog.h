@@ -57,6 +57,7 @@ protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
     std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    void ShowLimits(const std::vector<Limit>& limits) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

@@ -140,6 +140,11 @@ void CPictureView_Dialog::OnAcceleratorCommand(int command)
         CHeaderText_Dialog(PageReport(Picture()), this).exec();
 }
 
+std::filesystem::path CPictureView_Dialog::ShownFile() const
+{
+    return Picture().Path();
+}
+
 // Files.
 
 void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint32_t page)
@@ -152,6 +157,7 @@ void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint3
     m_ui->fileText->setText(QStringFromPath(Picture().Path().filename()));
     m_ui->fileText->setToolTip(QStringFromPath(Picture().Path()));
     ShowFacts();
+    CheckLimits();
     if (result != ImageResult::Ok) {
         ShowLoading(false);
         Tell(result);

@@ -39,6 +39,7 @@ public:
 protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
+    std::filesystem::path ShownFile() const override;
 
 private:
     using Command = void (CPictureView_Dialog::*)();

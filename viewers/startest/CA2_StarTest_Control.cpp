@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace vireo {
 
@@ -52,6 +53,14 @@ std::optional<CurveSlots::Visibility>& CA2_StarTest_Control::Bank()
     return m_banks[sweep && sweep->m_bAvgResult ? 1 : 0];
 }
 
+void CA2_StarTest_Control::SetLimits(std::vector<Limit> limits)
+{
+    if (limits.empty() && m_limits.empty())
+        return;
+    m_limits = std::move(limits);
+    Redraw();
+}
+
 void CA2_StarTest_Control::SelectSweep(std::int64_t index)
 {
     if (!m_data)
@@ -76,7 +85,7 @@ CurvePlotContent CA2_StarTest_Control::PlotContent() const
 {
     CurvePlotContent plot = CHorizontalZoomDouble_Control::PlotContent();
     if (m_data)
-        DescribePlot(*m_data, plot);
+        DescribePlot(*m_data, plot, m_limits);
     return plot;
 }
 

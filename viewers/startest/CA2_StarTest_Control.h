@@ -26,6 +26,9 @@ public:
     /// visible at first and their scale.
     void ShowData();
 
+    /// The limits of the figures of the sweeps, of which the plot marks those of values.
+    void SetLimits(std::vector<Limit> limits);
+
     /// Selects a record; one behind the last is the last.
     void SelectSweep(std::int64_t index);
 
@@ -58,6 +61,7 @@ private:
     std::optional<std::size_t> SweepUnder(QPoint point) const;
 
     StarTestData* m_data = nullptr;
+    std::vector<Limit> m_limits;
     std::vector<std::int32_t> m_markers;
     std::array<std::optional<CurveSlots::Visibility>, 2> m_banks;
     bool m_bKeepVisibility = true;

@@ -133,7 +133,13 @@ void CStarTest_Dialog::ShowData()
     m_ui->plot->ShowData();
     m_ui->fileText->setText(QStringFromPath(m_data.Path().filename()));
     m_ui->fileText->setToolTip(QStringFromPath(m_data.Path()));
+    CheckLimits();
     ShowSweep();
+}
+
+void CStarTest_Dialog::ShowLimits(const std::vector<Limit>& limits)
+{
+    m_ui->plot->SetLimits(limits);
 }
 
 void CStarTest_Dialog::ShowSweep()

@@ -27,6 +27,7 @@ public:
 protected:
     void OnInitDialog() override;
     std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    void ShowLimits(const std::vector<Limit>& limits) override;
 
 private:
     void SetUpCommands();

@@ -8,6 +8,7 @@
 #include <limits>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vireo {
@@ -52,6 +53,33 @@ bool HasPixels(const CurveSlots& curves)
         [](const CurveSlot& slot) { return slot.IsShown() && slot.name != kScanSpeedName; });
 }
 
+bool IsVisible(const CurveSlots& curves, std::string_view name)
+{
+    return std::ranges::any_of(curves.All(),
+        [name](const CurveSlot& slot) { return slot.IsShown() && slot.name == name; });
+}
+
+std::vector<LimitLevel> LevelsOfSweep(
+    const StarTestData& data, const CurveSlots& curves, std::span<const Limit> limits)
+{
+    std::vector<LimitLevel> levels;
+    const StarTestSweep* const sweep = data.SelectedSweep();
+    if (!sweep || limits.empty())
+        return levels;
+    for (const StarTestCurve& curve : CurvesOf(*sweep, data.m_bYCurves)) {
+        if (!IsVisible(curves, curve.name))
+            continue;
+        const std::string figure =
+            "sweeps[*].curves." + std::string(FieldName(curve.field)) + ".min|max|mean";
+        for (LimitLevel& level :
+            LevelsOf(limits, figure, static_cast<std::int64_t>(data.m_iSelectedIndex))) {
+            level.label.insert(0, std::string(curve.name) + ' ');
+            levels.push_back(std::move(level));
+        }
+    }
+    return levels;
+}
+
 } // namespace
 
 void FillCurves(const StarTestData& data, CurveSlots& curves)
@@ -80,8 +108,10 @@ std::vector<std::int32_t> MarkersOf(const StarTestData& data)
     return markers;
 }
 
-void DescribePlot(const StarTestData& data, CurvePlotContent& plot)
+void DescribePlot(const StarTestData& data, CurvePlotContent& plot, std::span<const Limit> limits)
 {
+    if (plot.curves)
+        plot.limits = LevelsOfSweep(data, *plot.curves, limits);
     plot.title = SweepTitle(data);
     plot.valueUnit = plot.curves && HasPixels(*plot.curves) ? "px" : "";
     plot.pointName = "line";

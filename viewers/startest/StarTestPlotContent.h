@@ -3,6 +3,7 @@
 #include "viewers/controls/CurvePlot.h"
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace vireo {
@@ -21,7 +22,9 @@ struct StarTestPlotContent {
 /// has gaps outside of the lines that it was worked out for.
 void FillCurves(const StarTestData& data, CurveSlots& curves);
 std::vector<std::int32_t> MarkersOf(const StarTestData& data);
-/// The texts of the plot that depend on the selected sweep and on the stretch in view.
-void DescribePlot(const StarTestData& data, CurvePlotContent& plot);
+/// The texts of the plot that depend on the selected sweep and on the stretch in view, and the
+/// limits of the visible curves' lowest, highest and mean values.
+void DescribePlot(
+    const StarTestData& data, CurvePlotContent& plot, std::span<const Limit> limits = {});
 
 } // namespace vireo

@@ -109,6 +109,7 @@ void CView_Stitch_Dialog::ShowFile()
     m_ui->fileText->setText(QStringFromPath(m_data.Path().filename()) + QStringLiteral("    ")
         + QStringFromText(PictureText(m_data)));
     m_ui->fileText->setToolTip(QStringFromPath(m_data.Path()));
+    CheckLimits();
 }
 
 bool CView_Stitch_Dialog::OnLoad()

@@ -182,6 +182,11 @@ void CTonalResolutionDialog::ReadFile(const std::filesystem::path& path)
             path, opening.notice.empty() ? m_data.DescribeFailure(opening.result) : opening.notice);
 }
 
+std::filesystem::path CTonalResolutionDialog::ShownFile() const
+{
+    return m_data.IsLoaded() ? m_data.m_FileName : std::filesystem::path();
+}
+
 void CTonalResolutionDialog::ShowFile()
 {
     m_ui->plot->SetData(&m_data);
@@ -195,6 +200,7 @@ void CTonalResolutionDialog::ShowFile()
             : QString());
     m_ui->fileText->setToolTip(isLoaded ? QStringFromPath(m_data.m_FileName) : QString());
     m_ui->saveButton->setEnabled(isLoaded);
+    CheckLimits();
 }
 
 void CTonalResolutionDialog::ShowNotice(const std::string& text)

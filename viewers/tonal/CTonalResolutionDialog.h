@@ -35,6 +35,7 @@ public:
 protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
+    std::filesystem::path ShownFile() const override;
 
 private:
     void SetUpControls();
