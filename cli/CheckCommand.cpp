@@ -2,9 +2,7 @@
 #include "cli/CommandLineReader.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
-#include "cli/Program.h"
 #include "figures/LimitsCheck.h"
-#include "platform/Path.h"
 
 #include <CLI/CLI.hpp>
 
@@ -22,12 +20,12 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddJobsOption(command, settings);
 }
 
-FileResult Check(const Subject& subject, const LimitsFile& limits, const Settings& settings)
+FileResult Check(const Subject& subject, const Settings& settings)
 {
     AnalyseSettings asked;
     asked.line = settings.line;
     asked.unit = settings.unit;
-    const FileVerdict result = CheckFile(subject, limits, asked);
+    const FileVerdict result = CheckFile(subject, *settings.limitsFile, asked);
     FileResult told{{}, result.failure};
     if (result.verdict)
         told.object = ToLine(VerdictToJson(subject, result));
@@ -35,15 +33,14 @@ FileResult Check(const Subject& subject, const LimitsFile& limits, const Setting
     return told;
 }
 
-int Run(const Settings& settings)
+int Run(const Settings& given)
 {
+    Settings settings = given;
     LimitsFile limits;
-    if (const auto fault = limits.Read(settings.limits)) {
-        PrintError(kCommandLineProgram, Utf8FromPath(settings.limits) + ": " + fault->Text());
+    if (!TakeLimits(settings, limits))
         return kExitBadUsage;
-    }
     return RunOverFiles(
-        settings, [&](const Subject& subject) { return Check(subject, limits, settings); });
+        settings, [&settings](const Subject& subject) { return Check(subject, settings); });
 }
 
 } // namespace

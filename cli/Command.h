@@ -23,6 +23,7 @@ Command HeaderCommand();
 Command AnalyseCommand();
 Command CheckCommand();
 Command RenderCommand();
+Command ReportCommand();
 Command ExportCommand();
 Command UnpackCommand();
 Command PackCommand();

@@ -1,15 +1,16 @@
 #include "cli/FileRun.h"
 
+#include "cli/CommandLineReader.h"
 #include "cli/OrderedWork.h"
+#include "cli/Program.h"
 #include "cli/Reporter.h"
+#include "platform/Path.h"
 
 #include <algorithm>
 #include <new>
 #include <optional>
 
 namespace vireo {
-
-namespace {
 
 FileResult WorkOnFile(const std::string& file, const Settings& settings,
     const std::function<FileResult(const Subject&)>& work)
@@ -29,8 +30,6 @@ FileResult WorkOnFile(const std::string& file, const Settings& settings,
     }
 }
 
-} // namespace
-
 int RunOverFiles(const Settings& settings, const std::function<FileResult(const Subject&)>& work)
 {
     FileSource source(settings.files, settings.folders);
@@ -41,6 +40,18 @@ int RunOverFiles(const Settings& settings, const std::function<FileResult(const 
         [&](const std::string& file) { return WorkOnFile(file, settings, work); },
         [&](const std::string& file, const FileResult& result) { reporter.Report(file, result); });
     return reporter.Finish();
+}
+
+bool TakeLimits(Settings& settings, LimitsFile& limits)
+{
+    if (settings.limits.empty())
+        return true;
+    if (const auto fault = limits.Read(settings.limits)) {
+        PrintError(kCommandLineProgram, Utf8FromPath(settings.limits) + ": " + fault->Text());
+        return false;
+    }
+    settings.limitsFile = &limits;
+    return true;
 }
 
 } // namespace vireo

@@ -1,5 +1,6 @@
 #include "cli/Options.h"
 
+#include "cli/Choices.h"
 #include "cli/CommandLineReader.h"
 #include "platform/Path.h"
 
@@ -112,6 +113,19 @@ void AddSweepOption(CLI::App& command, Settings& settings)
             "The sweep of a star test, counted from 0 (default: the one the viewer selects)")
         ->transform(WholeNumber(0))
         ->type_name("N");
+}
+
+void AddPaperOption(CLI::App& command, Settings& settings)
+{
+    static constexpr Choice<PaperSize> kPapers[] = {
+        {"A4", PaperSize::A4}, {"A3", PaperSize::A3}, {"Letter", PaperSize::Letter}};
+    const auto take = [&settings](const std::string& text) {
+        settings.paper = Choose(kPapers, "--page", text);
+    };
+    command
+        .add_option_function<std::string>(
+            "--page", take, "The paper of a PDF: A4, A3 or Letter (default: A4)")
+        ->type_name("PAPER");
 }
 
 void AddUnitOption(CLI::App& command, Settings& settings)

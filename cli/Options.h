@@ -22,6 +22,8 @@ CLI::Option* AddLimitsOption(CLI::App& command, Settings& settings);
 void AddKindOption(CLI::App& command, Settings& settings);
 void AddLineOption(CLI::App& command, Settings& settings);
 void AddSweepOption(CLI::App& command, Settings& settings);
+/// The paper of PDF pages.
+void AddPaperOption(CLI::App& command, Settings& settings);
 void AddUnitOption(CLI::App& command, Settings& settings);
 
 } // namespace vireo

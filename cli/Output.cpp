@@ -6,16 +6,11 @@
 
 namespace vireo {
 
-namespace {
-
-/// Whether two paths lead to one file, under whatever names.
 bool IsSameFile(const std::filesystem::path& left, const std::filesystem::path& right)
 {
     std::error_code error;
     return std::filesystem::equivalent(left, right, error) && !error;
 }
-
-} // namespace
 
 FileResult WriteOutput(const Subject& subject, const Settings& settings,
     std::span<const OutputWriter> writers, std::string_view done)

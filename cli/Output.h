@@ -12,6 +12,9 @@
 
 namespace vireo {
 
+/// Whether two paths lead to one file, under whatever names.
+bool IsSameFile(const std::filesystem::path& left, const std::filesystem::path& right);
+
 /// One kind of file from which a command can make an output file. `write` gives the reason when it
 /// cannot, else an empty text.
 struct OutputWriter {

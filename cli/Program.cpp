@@ -11,8 +11,8 @@ namespace vireo {
 int RunProgram(const std::vector<std::string>& arguments)
 {
     const Command commands[] = {IdentifyCommand(), HeaderCommand(), AnalyseCommand(),
-        CheckCommand(), RenderCommand(), ExportCommand(), UnpackCommand(), PackCommand(),
-        ConvertCommand(), ErrorCommand()};
+        CheckCommand(), RenderCommand(), ReportCommand(), ExportCommand(), UnpackCommand(),
+        PackCommand(), ConvertCommand(), ErrorCommand()};
     CLI::App app("What the viewer shows of test files, for scripts.", kCommandLineProgram);
     app.set_version_flag("--version", std::string(kCommandLineProgram) + " " VIREO_VERSION,
         "Print the version and exit");

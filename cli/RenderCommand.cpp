@@ -1,8 +1,8 @@
+#include "cli/Choices.h"
 #include "cli/Command.h"
 #include "cli/CommandLineReader.h"
 #include "cli/Options.h"
 #include "platform/Path.h"
-#include "platform/Text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -13,17 +13,8 @@ namespace vireo {
 
 namespace {
 
-template <typename Value>
-struct Choice {
-    const char* text;
-    Value value;
-};
-
 constexpr Choice<PictureFormat> kFormats[] = {
     {".png", PictureFormat::Png}, {".svg", PictureFormat::Svg}, {".pdf", PictureFormat::Pdf}};
-
-constexpr Choice<PaperSize> kPapers[] = {
-    {"A4", PaperSize::A4}, {"A3", PaperSize::A3}, {"Letter", PaperSize::Letter}};
 
 constexpr Choice<int> kCameras[] = {
     {"A", 0}, {"B", 1}, {"C", 2}, {"D", 3}, {"E", 4}, {"F", 5}, {"G", 6}, {"H", 7}};
@@ -31,19 +22,6 @@ constexpr Choice<int> kCameras[] = {
 constexpr Choice<ShownColour> kColours[] = {{"red", ShownColour::Red},
     {"green", ShownColour::Green}, {"blue", ShownColour::Blue}, {"gray", ShownColour::Gray},
     {"all", ShownColour::All}};
-
-/// The value of a text, in letters of either case; bad usage of `option` when there is none.
-template <typename Value, std::size_t Count>
-Value Choose(const Choice<Value> (&choices)[Count], const char* option, const std::string& text)
-{
-    std::string known;
-    for (const Choice<Value>& choice : choices) {
-        if (EqualsIgnoringCase(choice.text, text))
-            return choice.value;
-        known.append(known.empty() ? "" : ", ").append(choice.text);
-    }
-    throw CLI::ValidationError(option, "must be one of " + known + ", not " + text);
-}
 
 void ChooseFormat(Settings& settings)
 {
@@ -102,13 +80,8 @@ void AddOptions(CLI::App& command, Settings& settings)
             "is "
             "scaled to the paper")
         ->type_name("WxH");
-    const auto takePaper = [&settings](const std::string& text) {
-        settings.paper = Choose(kPapers, "--page", text);
-    };
-    command
-        .add_option_function<std::string>(
-            "--page", takePaper, "The paper of a PDF: A4, A3 or Letter (default: A4)")
-        ->type_name("PAPER");
+    AddPaperOption(command, settings);
+    AddLimitsOption(command, settings);
 }
 
 } // namespace

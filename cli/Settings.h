@@ -16,6 +16,9 @@
 
 namespace vireo {
 
+class DrawingTarget;
+class LimitsFile;
+
 /// The format of a rendered picture, told by its file's extension.
 enum class PictureFormat { Png, Svg, Pdf };
 
@@ -29,7 +32,9 @@ struct Settings {
     std::size_t jobs = 1;         ///< Files worked on at the same time.
     std::int64_t line = 0;        ///< 0-based.
     std::filesystem::path output;
-    std::filesystem::path limits; ///< Empty: none.
+    std::filesystem::path limits;           ///< Empty: none.
+    const LimitsFile* limitsFile = nullptr; ///< What has been read of it; see TakeLimits.
+    DrawingTarget* target = nullptr;        ///< What takes drawings; null: they go into the output.
 
     PictureFormat format = PictureFormat::Png;
     /// Of the plot in pixels; of a page's main plot, which is scaled to the paper, in the units of

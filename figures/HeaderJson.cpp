@@ -103,9 +103,14 @@ FiguresResult DescribeLoaded(const Subject& subject, DataLength dataLength)
 
 } // namespace
 
+FiguresResult DescribeKeys(const Subject& subject)
+{
+    return DescribeLoaded(subject, DataLength::LeftOut);
+}
+
 FileResult DescribeHeader(const Subject& subject)
 {
-    return ToFileResult(DescribeLoaded(subject, DataLength::LeftOut));
+    return ToFileResult(DescribeKeys(subject));
 }
 
 FiguresResult DescribeHeaderAndLength(const Subject& subject)

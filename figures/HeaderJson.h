@@ -11,6 +11,9 @@ struct Subject;
 /// The common keys of a file's text header as interpreted; none for a file without a text header.
 FileResult DescribeHeader(const Subject& subject);
 
+/// The same as values.
+FiguresResult DescribeKeys(const Subject& subject);
+
 /// The same and the length of the data block in bytes: all that is known of the kinds whose data
 /// no viewer here interprets.
 FiguresResult DescribeHeaderAndLength(const Subject& subject);

@@ -118,8 +118,8 @@ std::vector<const Limit*> LimitsFor(const Subject& subject, const LimitsFile& li
     return limits.LimitsOf(KindId(subject.Kind()), family);
 }
 
-FileVerdict CheckFile(
-    const Subject& subject, const LimitsFile& limits, const AnalyseSettings& settings)
+FileVerdict CheckFile(const Subject& subject, const LimitsFile& limits,
+    const AnalyseSettings& settings, Json* handedOn)
 {
     const auto applied = LimitsFor(subject, limits);
     AnalyseSettings needed = settings;
@@ -130,6 +130,8 @@ FileVerdict CheckFile(
     FileVerdict result{std::nullopt, std::move(figures.failure)};
     if (!figures.object.is_null())
         result.verdict = CheckFigures(figures.object, applied);
+    if (handedOn)
+        *handedOn = std::move(figures.object);
     return result;
 }
 

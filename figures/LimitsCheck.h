@@ -27,11 +27,11 @@ struct FileVerdict {
 std::vector<const Limit*> LimitsFor(const Subject& subject, const LimitsFile& limits);
 
 /// Compares the figures of a file, the same that `AnalyseFile` tells, with the limits that hold
-/// for it. Only what the limits ask for is read: pixels, for instance,
-/// only when their digest has one. `settings` say of which line; their `unit` and `stop` are heeded
-/// too.
-FileVerdict CheckFile(
-    const Subject& subject, const LimitsFile& limits, const AnalyseSettings& settings);
+/// for it, and hands on the figures it has read. Only what the limits ask for is read: pixels, for
+/// instance, only when their digest has one. `settings` say of which line; their `unit` and `stop`
+/// are heeded too.
+FileVerdict CheckFile(const Subject& subject, const LimitsFile& limits,
+    const AnalyseSettings& settings, Json* figures = nullptr);
 
 /// Compares figures that are there already.
 Verdict CheckFigures(const Json& figures, std::span<const Limit* const> limits);

@@ -1,6 +1,7 @@
 #include "cli/Command.h"
 #include "cli/Drawing.h"
 #include "cli/render/Render.h"
+#include "cli/render/Report.h"
 
 #include <string_view>
 
@@ -15,6 +16,7 @@ struct DrawingCommand {
 
 constexpr DrawingCommand kDrawingCommands[] = {
     {"render", Render},
+    {"report", Report},
 };
 
 } // namespace

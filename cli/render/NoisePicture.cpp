@@ -48,8 +48,9 @@ std::string RenderNoise(const Subject& subject, const Settings& settings)
     if (std::string refusal = TakePlane(settings, data); !refusal.empty())
         return refusal;
     data.Summarise();
+    const std::vector<Limit> limits = LimitsToMark(subject, settings);
     const NoisePlotContent content{&data, ViewOf(data.m_iLineLength, settings.zoom),
-        settings.unit ? *settings.unit : ReadUnitSetting()};
+        settings.unit ? *settings.unit : ReadUnitSetting(), limits};
     const QSizeF size(settings.PlotSize().width, settings.PlotSize().height);
 
     const DrawingSession session;

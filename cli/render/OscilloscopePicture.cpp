@@ -1,6 +1,7 @@
 #include "cli/render/OscilloscopePicture.h"
 
 #include "cli/Settings.h"
+#include "cli/render/PictureFile.h"
 #include "cli/render/ProfileDrawing.h"
 #include "figures/OscilloscopeJson.h"
 #include "viewers/oscilloscope/OscilloscopeChoices.h"
@@ -25,6 +26,7 @@ std::string RenderOscilloscope(const Subject& subject, const Settings& settings)
         return refusal;
     if (!data.ReadLine(settings.line, drawing.line))
         return "The data cannot be read to their end";
+    drawing.limits = LimitsToMark(subject, settings);
     drawing.header = PrintedHeaderLines(data, drawing.shown);
     return WriteProfileDrawing(subject, settings, drawing);
 }

@@ -1,5 +1,6 @@
 #include "cli/render/PictureFile.h"
 
+#include "figures/LimitsCheck.h"
 #include "platform/AtomicFile.h"
 #include "viewers/controls/OffscreenPlatform.h"
 
@@ -16,6 +17,15 @@
 
 namespace vireo {
 
+std::vector<Limit> LimitsToMark(const Subject& subject, const Settings& settings)
+{
+    std::vector<Limit> limits;
+    if (settings.limitsFile)
+        for (const Limit* limit : LimitsFor(subject, *settings.limitsFile))
+            limits.push_back(*limit);
+    return limits;
+}
+
 struct DrawingSession::State {
     std::string name = "vireo-cli";
     std::array<char*, 2> arguments{name.data(), nullptr};
@@ -27,7 +37,8 @@ DrawingSession::DrawingSession()
 {
     // Pictures are drawn on machines without a display, and never look different for having one.
     UseOffscreenPlatform();
-    m_state = std::make_unique<State>();
+    if (!QCoreApplication::instance())
+        m_state = std::make_unique<State>();
 }
 
 DrawingSession::~DrawingSession() = default;
@@ -81,14 +92,22 @@ QPageSize::PageSizeId PageSizeOf(PaperSize paper)
     return QPageSize::A4;
 }
 
+} // namespace
+
+void SetUpPdf(QPdfWriter& writer, const Settings& settings, const std::string& title)
+{
+    writer.setPageSize(QPageSize(PageSizeOf(settings.paper)));
+    writer.setPageMargins(QMarginsF());
+    writer.setTitle(QString::fromStdString(title));
+    writer.setCreator(QStringLiteral("Vireo " VIREO_VERSION));
+}
+
+namespace {
+
 bool DrawPdf(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 {
     QPdfWriter writer(&buffer);
-    writer.setPageSize(QPageSize(PageSizeOf(settings.paper)));
-    // The page's layout has margins of its own.
-    writer.setPageMargins(QMarginsF());
-    writer.setTitle(QString::fromStdString(drawing.title));
-    writer.setCreator(QStringLiteral("Vireo " VIREO_VERSION));
+    SetUpPdf(writer, settings, drawing.title);
     QPainter painter;
     if (!painter.begin(&writer))
         return false;
@@ -113,6 +132,8 @@ bool Draw(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 
 FileStatus WritePicture(const Drawing& drawing, const Settings& settings)
 {
+    if (settings.target)
+        return settings.target->Take(drawing);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (!buffer.open(QIODevice::WriteOnly) || !Draw(drawing, settings, buffer))

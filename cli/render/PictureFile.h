@@ -1,16 +1,21 @@
 #pragma once
 
 #include "cli/Settings.h"
+#include "limits/LimitsFile.h"
 #include "platform/PositionalFile.h"
 
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 class QPainter;
+class QPdfWriter;
 class QRectF;
 
 namespace vireo {
+
+struct Subject;
 
 /// What a picture file is made of.
 struct Drawing {
@@ -21,7 +26,18 @@ struct Drawing {
     std::function<void(QPainter&, const QRectF& page)> drawPage;
 };
 
-/// What drawing needs of the system: fonts, and no window. One lives as long as anything is drawn.
+/// Takes drawings instead of the settings' output: a page of a report.
+class DrawingTarget {
+public:
+    virtual ~DrawingTarget() = default;
+    virtual FileStatus Take(const Drawing& drawing) = 0;
+};
+
+/// The limits that hold for a file, to be marked in its plot; none without a limits file.
+std::vector<Limit> LimitsToMark(const Subject& subject, const Settings& settings);
+
+/// What drawing needs of the system: fonts, and no window. One lives as long as anything is drawn;
+/// more at the same time share what the first has made.
 class DrawingSession {
 public:
     DrawingSession();
@@ -34,7 +50,11 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-/// Writes a drawing as the settings' output in their format, complete or not at all.
+/// Gives a PDF the settings' paper, without margins: the page's layout has its own.
+void SetUpPdf(QPdfWriter& writer, const Settings& settings, const std::string& title);
+
+/// Writes a drawing as the settings' output in their format, complete or not at all; or hands it to
+/// their target.
 FileStatus WritePicture(const Drawing& drawing, const Settings& settings);
 
 } // namespace vireo

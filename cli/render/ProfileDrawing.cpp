@@ -47,6 +47,7 @@ ProfilePlotContent PlotOf(const ProfileDrawing& content, const ProfileRequest& r
 ProfilePlotContent WholeLine(const ProfileDrawing& content, const Settings& settings)
 {
     ProfilePlotContent plot = PlotOf(content, {});
+    plot.limits = content.limits;
     ProfileView& view = plot.scene.view;
     view = view.CentredOn(view.first + view.length / 2.0, settings.zoom, content.line.Length());
     return plot;

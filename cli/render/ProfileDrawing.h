@@ -1,5 +1,6 @@
 #pragma once
 
+#include "limits/LimitsFile.h"
 #include "viewers/controls/ProfileLine.h"
 #include "viewers/controls/ProfileView.h"
 
@@ -18,6 +19,7 @@ struct ProfileDrawing {
     ShownColour shown = ShownColour::Green; ///< Before the choices: the one the viewer begins with.
     int camera = 0;                         ///< The same; 0 for A.
     ProfileUnit unit;
+    std::vector<Limit> limits;       ///< Marked in the plot of the whole line.
     std::vector<std::string> header; ///< Of a printed page, Windows-1252.
 };
 

@@ -11,6 +11,9 @@
 #include "cli/render/TiffPicture.h"
 #include "cli/render/TonalPicture.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace vireo {
 
 namespace {
@@ -30,11 +33,24 @@ constexpr OutputWriter kWriters[] = {
 
 } // namespace
 
-int Render(const Settings& settings)
+bool CanDraw(FileKind kind)
 {
-    return RunOverFiles(settings, [&settings](const Subject& subject) {
-        return WriteOutput(subject, settings, kWriters, "rendered");
-    });
+    return std::ranges::find(kWriters, kind, &OutputWriter::kind) != std::end(kWriters);
+}
+
+FileResult DrawSubject(const Subject& subject, const Settings& settings)
+{
+    return WriteOutput(subject, settings, kWriters, "rendered");
+}
+
+int Render(const Settings& given)
+{
+    Settings settings = given;
+    LimitsFile limits;
+    if (!TakeLimits(settings, limits))
+        return kExitBadUsage;
+    return RunOverFiles(
+        settings, [&settings](const Subject& subject) { return DrawSubject(subject, settings); });
 }
 
 } // namespace vireo

@@ -53,7 +53,7 @@ std::string RenderStarTest(const Subject& subject, const Settings& settings)
     content.plot.view = whole.CentredOn(static_cast<double>(whole.centre), settings.zoom).View();
     if (std::string refusal = TakeView(settings, curves, content.plot); !refusal.empty())
         return refusal;
-    DescribePlot(data, content.plot);
+    DescribePlot(data, content.plot, LimitsToMark(subject, settings));
     const QSizeF size(settings.PlotSize().width, settings.PlotSize().height);
 
     const DrawingSession session;
