@@ -81,7 +81,8 @@ void CVerdict_Dialog::Fill(const Verdict& verdict)
     m_table->horizontalHeader()->setMaximumSectionSize(300);
     m_table->resizeColumnsToContents();
     m_table->horizontalHeader()->setMaximumSectionSize(-1);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_table->resizeRowsToContents();
 }
 
 void CVerdict_Dialog::OnCopy()

@@ -1,8 +1,13 @@
+#include "platform/Message.h"
+#include "tests/TempFolder.h"
 #include "viewers/controls/CLimitsWatch.h"
 #include "viewers/controls/CVerdict_Dialog.h"
 #include "viewers/controls/CViewerDialog.h"
+#include "viewers/controls/QtText.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
@@ -135,6 +140,42 @@ TEST(LimitsWatch, AnotherFileHasNoVerdictOfTheOneBefore)
     EXPECT_EQ(viewer.Badge().text(), "Not checked");
     viewer.Show("c.con");
     EXPECT_FALSE(viewer.Badge().isVisible());
+}
+
+TEST(LimitsWatch, OnlyLimitsThatCanBeReadAreChosen)
+{
+    const TempFolder folder;
+    qputenv("XDG_CONFIG_HOME", folder.Path().string().c_str());
+    qputenv("APPDATA", folder.Path().string().c_str());
+    const auto bad = folder.Write("bad.txt", "[noise]\nnothing > 0\n");
+    const auto good = folder.Write("good & new.txt", "[noise]\naverages.red > 0\n");
+    Script script;
+    TestViewer viewer(script);
+    viewer.Show("a.con");
+    const MessageRecorder messages;
+    QAction* const choose = viewer.findChild<QAction*>("chooseLimits");
+    const auto chooseFile = [choose](const std::filesystem::path& file) {
+        QTimer::singleShot(0, [file] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            edit->setText(QStringFromPath(file));
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        choose->trigger();
+    };
+
+    chooseFile(bad);
+    EXPECT_TRUE(script.chosen.empty());
+    ASSERT_EQ(messages.Messages().size(), 1U);
+    EXPECT_NE(
+        messages.Messages()[0].text.find("Line 2: There is no figure nothing"), std::string::npos);
+
+    chooseFile(good);
+    EXPECT_EQ(script.chosen, good);
+    EXPECT_EQ(messages.Messages().size(), 1U);
+    EXPECT_EQ(choose->text(), "Choose &Limits... (good && new.txt)");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 1; }));
 }
 
 TEST(LimitsWatch, WithoutLimitsAgainVerdictAndMarksGo)
