@@ -104,11 +104,15 @@ bool HasFamilies(const LimitsFile& limits)
 
 } // namespace
 
-Verdict CheckFigures(const Json& figures, std::span<const Limit* const> limits)
+Verdict CheckFigures(
+    const Json& figures, std::span<const Limit* const> limits, const std::stop_token& stop)
 {
     Verdict verdict;
-    for (const Limit* limit : limits)
+    for (const Limit* limit : limits) {
+        if (stop.stop_requested())
+            break;
         Search(*limit, verdict).Visit(&figures, limit->figure.steps, {});
+    }
     return verdict;
 }
 
@@ -129,7 +133,7 @@ FileVerdict CheckFile(const Subject& subject, const LimitsFile& limits,
     FiguresResult figures = ComputeFigures(subject, needed);
     FileVerdict result{std::nullopt, std::move(figures.failure)};
     if (!figures.object.is_null())
-        result.verdict = CheckFigures(figures.object, applied);
+        result.verdict = CheckFigures(figures.object, applied, settings.stop);
     if (handedOn)
         *handedOn = std::move(figures.object);
     return result;

@@ -33,8 +33,9 @@ std::vector<const Limit*> LimitsFor(const Subject& subject, const LimitsFile& li
 FileVerdict CheckFile(const Subject& subject, const LimitsFile& limits,
     const AnalyseSettings& settings, Json* figures = nullptr);
 
-/// Compares figures that are there already.
-Verdict CheckFigures(const Json& figures, std::span<const Limit* const> limits);
+/// Compares figures that are there already; asked to stop, not all of them.
+Verdict CheckFigures(
+    const Json& figures, std::span<const Limit* const> limits, const std::stop_token& stop = {});
 
 /// The verdict as one JSON object.
 Json VerdictToJson(const Subject& subject, const FileVerdict& verdict);

@@ -167,6 +167,26 @@ TEST(Check, WhatHasNoLimitsOrCannotBeReadHasNotPassed)
     EXPECT_EQ(missing.Errors().size(), 1U);
 }
 
+TEST(Check, RenderMarksTheLimits)
+{
+    const TempFolder folder;
+    const auto picture = folder.Path() / "a.svg";
+    const struct {
+        const char* sample;
+        const char* label;
+    } cases[] = {{"oscilloscope-color.con", "max &lt;= 242"}, {"noise-gray.con", "green &gt;= 190"},
+        {"startest-sweeps.con", "X-vib max &lt;= 2.5"}};
+    for (const auto& row : cases) {
+        const std::string sample = Text(kSamples / row.sample);
+        EXPECT_EQ(RunCli({"render", sample, "-o", Text(picture)}).exitStatus, 0);
+        EXPECT_EQ(TempFolder::Read(picture).find(row.label), std::string::npos) << row.sample;
+        EXPECT_EQ(RunCli({"render", sample, "-o", Text(picture), "--limits", Text(kFinalTest)})
+                      .exitStatus,
+            0);
+        EXPECT_NE(TempFolder::Read(picture).find(row.label), std::string::npos) << row.sample;
+    }
+}
+
 TEST(Check, ABadLimitsFileIsBadUsage)
 {
     const TempFolder folder;
