@@ -105,6 +105,21 @@ TEST_F(ReportTest, LongNamesAreCutInTheMiddle)
         EXPECT_NE(page.find("xend.con"), std::string::npos) << page;
 }
 
+TEST_F(ReportTest, APageTellsWhyItsFileCannotBeDrawn)
+{
+    // The page's description is sound, its compressed rows are not.
+    std::string bytes = TempFolder::Read(kSamples / "picture-rgb.tif");
+    ASSERT_GT(bytes.size(), 30000U);
+    std::fill_n(bytes.begin() + 20000, 10000, '\xFF');
+    const auto picture = m_folder.Write("bad.tif", bytes);
+    const ProgramRun run = Report(m_pdf, {Text(picture), Text(kSamples / "noise-gray.con")});
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.Errors().size(), 1U);
+    const auto pages = PagesOf(m_pdf);
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_NE(pages[1].find("cannot be drawn: Tif format error"), std::string::npos) << pages[1];
+}
+
 TEST_F(ReportTest, IsAbsentWhereItCannotBeComplete)
 {
     const auto input = m_folder.Write("input.pdf", ScanFile().Bytes());
