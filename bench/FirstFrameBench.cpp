@@ -77,7 +77,7 @@ std::string ShowViewer(const std::string& file)
     ViewerTable viewers = ProgramViewers();
     const auto& wanted = subject.recognition.viewers;
     if (wanted.empty() || !viewers.Has(wanted.front()))
-        return NotYet(subject.Kind(), "shown");
+        return CannotBe(subject.Kind(), "shown");
     viewers.OpenViewer(wanted.front(), subject.path, nullptr);
     return {};
 }

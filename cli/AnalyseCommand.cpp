@@ -16,8 +16,10 @@ void AddOptions(CLI::App& command, Settings& settings)
     AddLineOption(command, settings);
     AddUnitOption(command, settings);
     AddJobsOption(command, settings);
-    command.add_flag("--arrays", settings.arrays,
-        "Tell every value of a star test's curves, not only their figures");
+    command
+        .add_flag("--arrays", settings.arrays,
+            "Tell every value of a star test's curves, not only their figures")
+        ->disable_flag_override();
 }
 
 int Run(const Settings& settings)

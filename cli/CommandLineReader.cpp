@@ -68,8 +68,11 @@ void RequireKnownCommand(const CLI::App& app, const std::vector<std::string>& ar
     const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
     const bool isKnown = std::any_of(commands.begin(), commands.end(),
         [&](const CLI::App* command) { return command->get_name() == arguments[0]; });
-    if (!isKnown && !arguments[0].starts_with('-'))
-        throw CLI::ParseError("There is no command " + arguments[0], CLI::ExitCodes::ExtrasError);
+    if (isKnown || app.get_option_no_throw(arguments[0]))
+        return;
+    const char* const what = arguments[0].starts_with('-') ? "option " : "command ";
+    throw CLI::ParseError(
+        std::string("There is no ") + what + arguments[0], CLI::ExitCodes::ExtrasError);
 }
 
 void Print(const std::string& text)
@@ -143,8 +146,6 @@ CLI::Validator WholeNumber(std::int64_t lowest, std::int64_t highest)
 
 std::optional<PictureSize> ParseSize(std::string_view text)
 {
-    // A painter's coordinates end at 32767; 16 Ki squared is a picture of 1 GiB.
-    constexpr std::int64_t kLongestSide = 16384;
     const std::size_t cross = text.find('x');
     if (cross == std::string_view::npos)
         return std::nullopt;

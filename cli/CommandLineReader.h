@@ -49,6 +49,9 @@ struct PictureSize {
     int width = 0;
     int height = 0;
 };
+/// The longest side of a picture. A painter's coordinates end at 32767; 16 Ki squared is a picture
+/// of 1 GiB.
+inline constexpr int kLongestSide = 16384;
 /// A size such as "1600x500"; nothing for anything else or with a side out of range.
 std::optional<PictureSize> ParseSize(std::string_view text);
 /// What a refused size is told.

@@ -20,8 +20,10 @@ void AddOptions(CLI::App& command, Settings& settings)
         ->required()
         ->transform(WholeNumber(0, std::numeric_limits<std::uint32_t>::max()))
         ->type_name("");
-    command.add_flag(
-        "--plate", settings.plateScanner, "The text for scanners with a plate on a moving table");
+    command
+        .add_flag("--plate", settings.plateScanner,
+            "The text for scanners with a plate on a moving table")
+        ->disable_flag_override();
 }
 
 int Run(const Settings& settings)

@@ -36,9 +36,11 @@ void AddFilesArgument(CLI::App& command, Settings& settings)
 {
     AddFiles(
         command, settings, FolderRule::Files, "The files; a folder stands for the files in it");
-    command.add_flag_callback(
-        "-r,--recursive", [&settings] { settings.folders = FolderRule::AllBelow; },
-        "A folder stands for all files below it, those in its folders too");
+    command
+        .add_flag_callback(
+            "-r,--recursive", [&settings] { settings.folders = FolderRule::AllBelow; },
+            "A folder stands for all files below it, those in its folders too")
+        ->disable_flag_override();
 }
 
 void AddFileArgument(CLI::App& command, Settings& settings)

@@ -21,7 +21,7 @@ FileResult WriteOutput(const Subject& subject, const Settings& settings,
         if (writer.kind == subject.Kind())
             return {{}, writer.write(subject, settings)};
     }
-    return {{}, NotYet(subject.Kind(), done)};
+    return {{}, CannotBe(subject.Kind(), done)};
 }
 
 std::string DescribeOutput(const std::filesystem::path& output, FileStatus status)

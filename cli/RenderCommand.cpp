@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -56,11 +57,20 @@ void AddViewOptions(CLI::App& command, Settings& settings)
             "--view", takeView, "Which of its views, in kinds that have several (default: 0)")
         ->transform(WholeNumber(0, std::numeric_limits<int>::max()))
         ->type_name("N");
-    command.add_flag("--fit", settings.isWhole, "The whole picture, as large as the size allows");
+    const auto takeList = [&settings](int page) { settings.listPage = page; };
+    command
+        .add_option_function<int>("--list", takeList,
+            "Instead of the plot, a page of the text about the file, counted from 1: the report of "
+            "a tonal resolution, else the lines that are printed above the plot")
+        ->transform(WholeNumber(1, std::numeric_limits<int>::max()))
+        ->type_name("PAGE");
+    command.add_flag("--fit", settings.isWhole, "The whole picture, as large as the size allows")
+        ->disable_flag_override();
 }
 
 void AddOptions(CLI::App& command, Settings& settings)
 {
+    constexpr int kLargestScale = 16;
     AddFileArgument(command, settings);
     AddOutputOption(command, settings, "The picture to write: a .png, .svg or .pdf", ChooseFormat);
     AddKindOption(command, settings);
@@ -77,9 +87,19 @@ void AddOptions(CLI::App& command, Settings& settings)
     command
         .add_option_function<std::string>("--size", takeSize,
             "Width and height in pixels (default: 1600x500, of pictures 1600x1000); a PDF's plot "
-            "is "
-            "scaled to the paper")
+            "is scaled to the paper")
         ->type_name("WxH");
+    command
+        .add_option("--scale", settings.scale,
+            "Draw a PNG as a screen of this scale does: lines and text N times as many pixels "
+            "large, in a file of N times the size (default: 1)")
+        ->transform(WholeNumber(1, kLargestScale))
+        ->type_name("N");
+    command.callback([&settings] {
+        const PictureSize size = settings.ScaledSize();
+        if (std::max(size.width, size.height) > kLongestSide)
+            throw CLI::ValidationError("--scale", "the picture would be larger than 16384 pixels");
+    });
     AddPaperOption(command, settings);
     AddLimitsOption(command, settings);
 }

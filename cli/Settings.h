@@ -47,12 +47,22 @@ struct Settings {
         return givenSize.value_or(format == PictureFormat::Pdf ? kOnPage : kPicture);
     }
 
+    int scale = 1; ///< Pixels of a PNG for each of the size, along each side.
+    /// In pixels of the file.
+    PictureSize ScaledSize() const
+    {
+        const PictureSize size = PlotSize();
+        const int pixels = format == PictureFormat::Png ? scale : 1;
+        return {size.width * pixels, size.height * pixels};
+    }
+
     PaperSize paper = PaperSize::A4;
     std::optional<int> camera;         ///< 0 for A; else the whole line is shown.
     std::optional<ShownColour> colour; ///< Else the one that the viewer begins with.
     std::optional<PositionUnit> unit;  ///< Of positions on a noise line; else the viewer's.
     int zoom = 1;
     std::optional<std::int64_t> sweep; ///< 0-based; else the one that the viewer begins with.
+    std::optional<int> listPage;       ///< 1-based; of the lines of text instead of the plot.
     std::optional<int> view;           ///< In kinds that have several; else the first.
     bool arrays = false;               ///< Tell whole curves, not only their figures.
 

@@ -53,7 +53,7 @@ FiguresResult ComputeFigures(const Subject& subject, const AnalyseSettings& sett
         if (analyser.kind == subject.Kind())
             return analyser.analyse(subject, settings);
     }
-    return {{}, NotYet(subject.Kind(), "analysed")};
+    return {{}, CannotBe(subject.Kind(), "analysed")};
 }
 
 FileResult AnalyseFile(const Subject& subject, const AnalyseSettings& settings)

@@ -16,15 +16,11 @@ FileStatus RecogniseSubject(const std::string& name, std::optional<FileKind> kin
     return status;
 }
 
-std::string NotYet(FileKind kind, std::string_view done)
+std::string CannotBe(FileKind kind, std::string_view done)
 {
     if (kind == FileKind::Unknown)
         return kUnknownKind;
-    return std::string("Files of kind ")
-        .append(KindId(kind))
-        .append(" cannot be ")
-        .append(done)
-        .append(" yet");
+    return std::string("Files of kind ").append(KindId(kind)).append(" cannot be ").append(done);
 }
 
 } // namespace vireo

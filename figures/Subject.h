@@ -32,7 +32,7 @@ inline constexpr const char* kUnknownKind = "Unknown kind of file";
 inline constexpr const char* kCancelled = "Cancelled";
 
 /// The reason to tell when a command has no way to do a kind of file, such as "Files of kind noise
-/// cannot be rendered yet".
-std::string NotYet(FileKind kind, std::string_view done);
+/// cannot be rendered".
+std::string CannotBe(FileKind kind, std::string_view done);
 
 } // namespace vireo

@@ -1,8 +1,8 @@
 #include "cli/render/AdjustmentPicture.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
 #include "figures/AdjustmentJson.h"
+#include "figures/Subject.h"
 #include "viewers/adjustment/AdjustmentData.h"
 #include "viewers/adjustment/AdjustmentExport.h"
 #include "viewers/adjustment/AdjustmentPage.h"
@@ -73,11 +73,12 @@ std::string RenderAdjustment(const Subject& subject, const Settings& settings)
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
+    drawing.list = page.header;
     drawing.drawPlot = [&](QPainter& painter) { DrawPlot(painter, size, data.DataForm(), page); };
     drawing.drawPage = [&](QPainter& painter, const QRectF& paper) {
         DrawAdjustmentPage(painter, paper, page);
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, settings));
+    return WritePicture(drawing, settings);
 }
 
 } // namespace vireo

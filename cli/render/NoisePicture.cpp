@@ -1,7 +1,7 @@
 #include "cli/render/NoisePicture.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
+#include "figures/Subject.h"
 #include "viewers/noise/NoiseData.h"
 #include "viewers/noise/NoisePlot.h"
 #include "viewers/noise/NoiseText.h"
@@ -56,11 +56,12 @@ std::string RenderNoise(const Subject& subject, const Settings& settings)
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
+    drawing.list = TestHeaderLines(data);
     drawing.drawPlot = [&](QPainter& painter) { DrawNoisePlot(painter, size, content); };
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
         DrawNoisePage(painter, page, TestHeaderLines(data), size, content);
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, settings));
+    return WritePicture(drawing, settings);
 }
 
 } // namespace vireo

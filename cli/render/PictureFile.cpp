@@ -1,7 +1,9 @@
 #include "cli/render/PictureFile.h"
 
+#include "cli/Output.h"
 #include "figures/LimitsCheck.h"
 #include "platform/AtomicFile.h"
+#include "viewers/adjustment/AdjustmentPage.h"
 #include "viewers/controls/OffscreenPlatform.h"
 
 #include <QBuffer>
@@ -13,6 +15,7 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
+#include <algorithm>
 #include <array>
 
 namespace vireo {
@@ -52,9 +55,10 @@ QSize QSizeOf(PictureSize size)
 
 bool DrawPng(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 {
-    QImage picture(QSizeOf(settings.PlotSize()), QImage::Format_RGB32);
+    QImage picture(QSizeOf(settings.ScaledSize()), QImage::Format_RGB32);
     if (picture.isNull())
         return false;
+    picture.setDevicePixelRatio(settings.scale);
     picture.fill(Qt::white);
     QPainter painter(&picture);
     drawing.drawPlot(painter);
@@ -128,18 +132,61 @@ bool Draw(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
     return false;
 }
 
-} // namespace
-
-FileStatus WritePicture(const Drawing& drawing, const Settings& settings)
+std::string Write(const Drawing& drawing, const Settings& settings)
 {
     if (settings.target)
-        return settings.target->Take(drawing);
+        return DescribeOutput(settings.output, settings.target->Take(drawing));
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !Draw(drawing, settings, buffer))
-        return FileStatus::Failed;
-    return WriteFileAtomically(
-        settings.output, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    FileStatus status = FileStatus::Failed;
+    if (buffer.open(QIODevice::WriteOnly) && Draw(drawing, settings, buffer))
+        status = WriteFileAtomically(
+            settings.output, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    return DescribeOutput(settings.output, status);
+}
+
+/// The page for lists in units of the plot's texts: the size of the picture or of the paper.
+QSizeF ListSize(const Settings& settings)
+{
+    if (settings.format != PictureFormat::Pdf)
+        return QSizeOf(settings.PlotSize());
+    const QSizeF inches = QPageSize::definitionSize(PageSizeOf(settings.paper));
+    constexpr double kUnitsPerInch = 96.0;
+    const bool isMetric = QPageSize::definitionUnits(PageSizeOf(settings.paper)) != QPageSize::Inch;
+    constexpr double kMillimetresPerInch = 25.4;
+    return inches * (isMetric ? kUnitsPerInch / kMillimetresPerInch : kUnitsPerInch);
+}
+
+/// Writes one page of the drawing's list.
+std::string WriteList(const Drawing& drawing, const Settings& settings, int page)
+{
+    const QSizeF size = ListSize(settings);
+    const auto perPage = static_cast<std::size_t>(std::max(TextLinesOf(size), 1));
+    const std::size_t pages =
+        std::max((drawing.list.size() + perPage - 1) / perPage, std::size_t{1});
+    const auto first = static_cast<std::size_t>(page - 1) * perPage;
+    if (static_cast<std::size_t>(page) > pages)
+        return "The list has " + std::to_string(pages) + (pages == 1 ? " page" : " pages");
+    const auto from = drawing.list.begin() + static_cast<std::ptrdiff_t>(first);
+    const std::size_t count = std::min(perPage, drawing.list.size() - first);
+    const std::vector<std::string> lines(from, from + static_cast<std::ptrdiff_t>(count));
+
+    Drawing list;
+    list.title = drawing.title;
+    list.drawPlot = [&](QPainter& painter) { DrawTextLines(painter, size, lines); };
+    list.drawPage = [&](QPainter& painter, const QRectF& paper) {
+        painter.scale(paper.width() / size.width(), paper.height() / size.height());
+        DrawTextLines(painter, size, lines);
+    };
+    return Write(list, settings);
+}
+
+} // namespace
+
+std::string WritePicture(const Drawing& drawing, const Settings& settings)
+{
+    return settings.listPage ? WriteList(drawing, settings, *settings.listPage)
+                             : Write(drawing, settings);
 }
 
 } // namespace vireo

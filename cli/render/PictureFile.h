@@ -24,6 +24,9 @@ struct Drawing {
     std::function<void(QPainter&)> drawPlot;
     /// Draws the printed page into its printable rectangle.
     std::function<void(QPainter&, const QRectF& page)> drawPage;
+    /// Lines of text about the file (Windows-1252), of which the settings may ask for a page
+    /// instead of the plot.
+    std::vector<std::string> list;
 };
 
 /// Takes drawings instead of the settings' output: a page of a report.
@@ -54,7 +57,7 @@ private:
 void SetUpPdf(QPdfWriter& writer, const Settings& settings, const std::string& title);
 
 /// Writes a drawing as the settings' output in their format, complete or not at all; or hands it to
-/// their target.
-FileStatus WritePicture(const Drawing& drawing, const Settings& settings);
+/// their target. Gives the reason when it cannot, else an empty text.
+std::string WritePicture(const Drawing& drawing, const Settings& settings);
 
 } // namespace vireo

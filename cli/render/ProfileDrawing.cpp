@@ -1,7 +1,7 @@
 #include "cli/render/ProfileDrawing.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
+#include "figures/Subject.h"
 #include "viewers/controls/ProfilePage.h"
 #include "viewers/controls/ProfilePlot.h"
 
@@ -95,6 +95,7 @@ std::string WriteProfileDrawing(
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
+    drawing.list = content.header;
     drawing.drawPlot = [&](QPainter& painter) {
         DrawProfilePlot(painter, SizeOf(settings),
             settings.camera ? OneCamera(content, settings) : WholeLine(content, settings));
@@ -102,7 +103,7 @@ std::string WriteProfileDrawing(
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
         DrawProfilePage(painter, page, PageOf(content, settings));
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, settings));
+    return WritePicture(drawing, settings);
 }
 
 } // namespace vireo

@@ -1,8 +1,8 @@
 #include "cli/render/StarTestPicture.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
 #include "figures/StarTestJson.h"
+#include "figures/Subject.h"
 #include "viewers/controls/HorizontalZoom.h"
 #include "viewers/startest/StarTestCurves.h"
 #include "viewers/startest/StarTestData.h"
@@ -59,11 +59,12 @@ std::string RenderStarTest(const Subject& subject, const Settings& settings)
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
+    drawing.list = StarTestHeaderLines(data);
     drawing.drawPlot = [&](QPainter& painter) { DrawStarTestPicture(painter, size, content); };
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
         DrawStarTestPage(painter, page, StarTestHeaderLines(data), size, content);
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, settings));
+    return WritePicture(drawing, settings);
 }
 
 } // namespace vireo

@@ -1,7 +1,7 @@
 #include "cli/render/StitchPicture.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
+#include "figures/Subject.h"
 #include "viewers/controls/PictureImage.h"
 #include "viewers/controls/PicturePyramid.h"
 #include "viewers/stitch/StitchData.h"
@@ -31,14 +31,16 @@ PictureView ViewOf(const PictureRows& rows, PictureSize size, const Settings& se
     return view.MovedBy(0, 0);
 }
 
-void DrawView(QPainter& painter, const PictureContent& content, const PictureView& view)
+/// Draws into a rectangle of the size in the painter's units.
+void DrawView(
+    QPainter& painter, PictureSize size, const PictureContent& content, const PictureView& view)
 {
     QImage image(
         static_cast<int>(view.x.view), static_cast<int>(view.y.view), QImage::Format_RGB32);
     if (image.isNull())
         return;
     DrawPicture(content, view, image);
-    painter.drawImage(QPointF(0.0, 0.0), image);
+    painter.drawImage(QRectF(0.0, 0.0, size.width, size.height), image);
 }
 
 } // namespace
@@ -51,7 +53,7 @@ std::string RenderStitch(const Subject& subject, const Settings& settings)
     constexpr PictureSize kDefaultSize{1600, 1000};
     Settings sized = settings;
     sized.givenSize = settings.givenSize.value_or(kDefaultSize);
-    const PictureView view = ViewOf(*data.Picture(), *sized.givenSize, settings);
+    const PictureView view = ViewOf(*data.Picture(), sized.ScaledSize(), settings);
 
     PicturePyramid pyramid(*data.Picture());
     // Zooms of whole numbers are drawn from the picture itself, unless paper has fewer dots.
@@ -62,11 +64,14 @@ std::string RenderStitch(const Subject& subject, const Settings& settings)
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
-    drawing.drawPlot = [&](QPainter& painter) { DrawView(painter, content, view); };
+    drawing.list = StitchHeaderLines(data);
+    drawing.drawPlot = [&](QPainter& painter) {
+        DrawView(painter, *sized.givenSize, content, view);
+    };
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
         DrawStitchPage(painter, page, {content, view, StitchHeaderLines(data)});
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, sized));
+    return WritePicture(drawing, sized);
 }
 
 } // namespace vireo

@@ -1,7 +1,7 @@
 #include "cli/render/TiffPicture.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
+#include "figures/Subject.h"
 #include "viewers/picture/PictureData.h"
 #include "viewers/picture/PicturePlot.h"
 #include "viewers/picture/PictureText.h"
@@ -53,13 +53,15 @@ std::string RenderTiff(const Subject& subject, const Settings& settings)
     const PictureSize size = *sized.givenSize;
     PicturePlotContent content;
     content.picture = data.Content();
-    content.view = ViewOf(data.Page(), size, settings.zoom);
+    content.view = ViewOf(data.Page(), sized.ScaledSize(), settings.zoom);
+    content.unit = static_cast<double>(content.view.x.view) / size.width;
     content.coveredRows = data.CoveredRows();
     content.boundaries = boundaries;
 
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
+    drawing.list = PictureHeaderLines(data);
     drawing.drawPlot = [&](QPainter& painter) {
         QImage canvas;
         DrawPicturePlot(painter, QRectF(0.0, 0.0, size.width, size.height), content, canvas);
@@ -67,7 +69,7 @@ std::string RenderTiff(const Subject& subject, const Settings& settings)
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
         DrawPicturePage(painter, page, PictureHeaderLines(data), content);
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, sized));
+    return WritePicture(drawing, sized);
 }
 
 } // namespace vireo

@@ -1,12 +1,15 @@
 #include "cli/render/TonalPicture.h"
 
-#include "cli/Output.h"
 #include "cli/render/PictureFile.h"
+#include "figures/Subject.h"
 #include "viewers/tonal/TonalReport.h"
 #include "viewers/tonal/TonalResolutionData.h"
 #include "viewers/tonal/TonalResolutionPlot.h"
 
 #include <QPainter>
+
+#include <sstream>
+#include <vector>
 
 namespace vireo {
 
@@ -36,6 +39,16 @@ std::string TakeChannel(const Settings& settings, TonalPlotContent& content)
     return {};
 }
 
+/// The lines of the report.
+std::vector<std::string> ReportLines(const TonalResolutionData& data)
+{
+    std::vector<std::string> lines;
+    std::istringstream report(TonalReport(data));
+    for (std::string line; std::getline(report, line);)
+        lines.push_back(line);
+    return lines;
+}
+
 } // namespace
 
 std::string RenderTonal(const Subject& subject, const Settings& settings)
@@ -56,6 +69,7 @@ std::string RenderTonal(const Subject& subject, const Settings& settings)
     const DrawingSession session;
     Drawing drawing;
     drawing.title = subject.name;
+    drawing.list = ReportLines(data);
     drawing.drawPlot = [&](QPainter& painter) {
         painter.fillRect(QRect({0, 0}, size), Qt::white);
         DrawTonalPlot(painter, size, content);
@@ -63,7 +77,7 @@ std::string RenderTonal(const Subject& subject, const Settings& settings)
     drawing.drawPage = [&](QPainter& painter, const QRectF& page) {
         DrawTonalPage(painter, page, TonalPlotHeaderLines(data), size, content);
     };
-    return DescribeOutput(settings.output, WritePicture(drawing, settings));
+    return WritePicture(drawing, settings);
 }
 
 } // namespace vireo

@@ -55,6 +55,49 @@ TEST(Render, DrawsAPngOfTheSize)
     EXPECT_EQ(Png(Render(folder, {}, "a.PNG", {"--size", "1x1"})).size(), QSize(1, 1));
 }
 
+TEST(Render, ScalesLinesAndTextOfAPng)
+{
+    const TempFolder folder;
+    const QImage plain = Png(Render(folder, {}, "a.png", {"--size", "400x200"}));
+    const QImage scaled = Png(Render(folder, {}, "a.png", {"--size", "400x200", "--scale", "3"}));
+    ASSERT_EQ(scaled.size(), QSize(1200, 600));
+    // The left end of the axis line: the first column that is dark over half of its height.
+    const auto axis = [](const QImage& image) {
+        int x = 0;
+        for (int dark = 0; dark < image.height() / 2 && x < image.width(); ++x) {
+            dark = 0;
+            for (int y = 0; y < image.height(); ++y)
+                dark += image.pixelColor(x, y).lightness() < 160 ? 1 : 0;
+        }
+        return x;
+    };
+    EXPECT_GT(axis(plain), 10);
+    EXPECT_NEAR(axis(scaled), 3 * axis(plain), 4);
+    const auto svg = Render(folder, {}, "a.svg");
+    EXPECT_EQ(
+        TempFolder::Read(Render(folder, {}, "b.svg", {"--scale", "3"})), TempFolder::Read(svg));
+}
+
+TEST(Render, DrawsTextInPagesInsteadOfThePlot)
+{
+    const TempFolder folder;
+    const std::string file = VIREO_SAMPLES "/tonal-resolution.con";
+    const auto page = [&](const char* number) {
+        const auto out = folder.Path() / "list.svg";
+        const ProgramRun run =
+            RunCli({"render", file, "-o", Text(out), "--list", number, "--size", "500x150"});
+        EXPECT_EQ(run.exitStatus, 0) << run.error;
+        return TempFolder::Read(out);
+    };
+    EXPECT_NE(page("1").find("IT8 dynamic range"), std::string::npos);
+    EXPECT_EQ(page("2").find("IT8 dynamic range"), std::string::npos);
+    EXPECT_NE(page("2").find("Light color"), std::string::npos);
+    const ProgramRun behind =
+        RunCli({"render", file, "-o", Text(folder.Path() / "no.svg"), "--list", "99"});
+    EXPECT_EQ(behind.exitStatus, 1);
+    EXPECT_EQ(behind.error, "vireo-cli: " + file + ": The list has 1 page\n");
+}
+
 TEST(Render, DrawsThePlaneAskedFor)
 {
     const TempFolder folder;

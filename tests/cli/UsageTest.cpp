@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <sstream>
 
 namespace vireo {
 
@@ -36,6 +37,8 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
         UsageRow{"unknown option", {"identify", "--all", "a.con"}},
         UsageRow{"option of another command", {"identify", "--line", "1", "a.con"}},
         UsageRow{"option before the command", {"--jobs", "2", "identify", "a.con"}},
+        UsageRow{"unknown option before the command", {"--all", "identify", "a.con"}},
+        UsageRow{"value for a flag", {"analyse", "--recursive=3", "a.con"}},
         UsageRow{"no value", {"analyse", "a.con", "--line"}},
         UsageRow{"no number", {"analyse", "--line", "first", "a.con"}},
         UsageRow{"number with a rest", {"analyse", "--line", "1x", "a.con"}},
@@ -51,6 +54,9 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
         UsageRow{"size without height", {"render", "a.con", "-o", "a.png", "--size", "100"}},
         UsageRow{"size of nothing", {"render", "a.con", "-o", "a.png", "--size", "0x100"}},
         UsageRow{"size too large", {"render", "a.con", "-o", "a.png", "--size", "16385x10"}},
+        UsageRow{"no scale", {"render", "a.con", "-o", "a.png", "--scale", "0"}},
+        UsageRow{"scaled too large",
+            {"render", "a.con", "--size", "5000x10", "--scale", "4", "-oa.png"}},
         UsageRow{"unknown camera", {"render", "a.con", "-o", "a.png", "--camera", "I"}},
         UsageRow{"unknown colour", {"render", "a.con", "-o", "a.png", "--color", "pink"}},
         UsageRow{"unknown paper", {"render", "a.con", "-o", "a.pdf", "--page", "A5"}},
@@ -89,16 +95,23 @@ TEST(Usage, TellsTheVersion)
     EXPECT_EQ(run.output, "vireo-cli " VIREO_VERSION "\n");
 }
 
-TEST(Usage, TellsHelpOfEachCommand)
+TEST(Usage, TellsHelpOfEachCommandOnEightyColumns)
 {
     const ProgramRun program = RunCli({"--help"});
     EXPECT_EQ(program.exitStatus, 0);
-    for (const char* command : {"identify", "header", "analyse", "render", "export"}) {
-        EXPECT_NE(program.output.find(command), std::string::npos);
+    for (const char* command : {"identify", "header", "analyse", "check", "render", "report",
+             "export", "unpack", "pack", "convert", "error"}) {
+        EXPECT_NE(program.output.find("\n  " + std::string(command) + ' '), std::string::npos);
         const ProgramRun run = RunCli({command, "--help"});
         EXPECT_EQ(run.exitStatus, 0) << command;
-        EXPECT_NE(run.output.find("FILE"), std::string::npos) << command;
+        EXPECT_TRUE(
+            run.output.starts_with("Usage: vireo-cli " + std::string(command) + " [options]"))
+            << run.output;
+        EXPECT_NE(run.output.find("\n  -h, --help "), std::string::npos) << command;
         EXPECT_EQ(run.error, "") << command;
+        std::istringstream lines(program.output + run.output);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(line.size(), 80U) << line;
     }
 }
 

@@ -61,21 +61,37 @@ void DrawWholePicture(QPainter& painter, QSizeF size, const PictureContent& pict
     painter.drawImage(place, image);
 }
 
+namespace {
+
+constexpr double kTextMargin = 10.0;
+
+QFont TextFont()
+{
+    return FontOfHeight(kMonospacedFace, PlotFurniture::kFontHeight);
+}
+
+} // namespace
+
+int TextLinesOf(QSizeF size)
+{
+    const QFontMetricsF metrics(TextFont());
+    const double below = size.height() - kTextMargin - metrics.height();
+    return below < 0.0 ? 0 : 1 + static_cast<int>(below / metrics.lineSpacing());
+}
+
 void DrawTextLines(QPainter& painter, QSizeF size, const std::vector<std::string>& lines)
 {
     painter.fillRect(QRectF({0.0, 0.0}, size), Qt::white);
-    const QFont font = FontOfHeight(kMonospacedFace, PlotFurniture::kFontHeight);
+    const QFont font = TextFont();
     painter.setFont(font);
     painter.setPen(PlotColour::kInk);
-    constexpr double kMargin = 10.0;
     const QFontMetricsF metrics(font);
-    double baseline = kMargin + metrics.ascent();
-    for (const std::string& line : lines) {
-        if (baseline + metrics.descent() > size.height())
-            break;
-        painter.drawText(QPointF(kMargin, baseline),
+    const auto count = std::min(lines.size(), static_cast<std::size_t>(TextLinesOf(size)));
+    double baseline = kTextMargin + metrics.ascent();
+    for (std::size_t i = 0; i < count; ++i) {
+        painter.drawText(QPointF(kTextMargin, baseline),
             metrics.elidedText(
-                QStringFromText(line), Qt::ElideRight, size.width() - 2.0 * kMargin));
+                QStringFromText(lines[i]), Qt::ElideRight, size.width() - 2.0 * kTextMargin));
         baseline += metrics.lineSpacing();
     }
 }

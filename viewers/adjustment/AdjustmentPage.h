@@ -28,6 +28,8 @@ void DrawAdjustmentPage(QPainter& painter, const QRectF& page, const AdjustmentP
 /// Draws the whole picture as large as a size has room for, in the middle of it.
 void DrawWholePicture(QPainter& painter, QSizeF size, const PictureContent& picture);
 
+/// How many lines of text DrawTextLines has room for.
+int TextLinesOf(QSizeF size);
 /// Draws lines of text from the top, as large as the plots' texts; those that do not fit are left
 /// out.
 void DrawTextLines(QPainter& painter, QSizeF size, const std::vector<std::string>& lines);
