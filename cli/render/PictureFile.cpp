@@ -145,16 +145,17 @@ std::string Write(const Drawing& drawing, const Settings& settings)
     return DescribeOutput(settings.output, status);
 }
 
-/// The page for lists in units of the plot's texts: the size of the picture or of the paper.
+constexpr double kListMargin = 48.0; ///< Of lists on paper: half an inch.
+
+/// The room for a list in units of the plot's texts: that of the picture, or of the paper within
+/// its margins.
 QSizeF ListSize(const Settings& settings)
 {
     if (settings.format != PictureFormat::Pdf)
         return QSizeOf(settings.PlotSize());
-    const QSizeF inches = QPageSize::definitionSize(PageSizeOf(settings.paper));
-    constexpr double kUnitsPerInch = 96.0;
-    const bool isMetric = QPageSize::definitionUnits(PageSizeOf(settings.paper)) != QPageSize::Inch;
-    constexpr double kMillimetresPerInch = 25.4;
-    return inches * (isMetric ? kUnitsPerInch / kMillimetresPerInch : kUnitsPerInch);
+    constexpr double kUnitsPerPoint = 96.0 / 72.0;
+    const QSizeF paper = QPageSize::size(PageSizeOf(settings.paper), QPageSize::Point);
+    return paper * kUnitsPerPoint - QSizeF(2.0 * kListMargin, 2.0 * kListMargin);
 }
 
 /// Writes one page of the drawing's list.
@@ -175,7 +176,9 @@ std::string WriteList(const Drawing& drawing, const Settings& settings, int page
     list.title = drawing.title;
     list.drawPlot = [&](QPainter& painter) { DrawTextLines(painter, size, lines); };
     list.drawPage = [&](QPainter& painter, const QRectF& paper) {
-        painter.scale(paper.width() / size.width(), paper.height() / size.height());
+        const double unit = paper.width() / (size.width() + 2.0 * kListMargin);
+        painter.scale(unit, unit);
+        painter.translate(kListMargin, kListMargin);
         DrawTextLines(painter, size, lines);
     };
     return Write(list, settings);
