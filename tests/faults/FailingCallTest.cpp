@@ -48,6 +48,8 @@ std::vector<SaveRow> AllSaves()
         {"render-svg", cli, {"render", "IN/mtf.con", "-o", "OUT/a.svg"}, {{"a.svg", kOld}}},
         {"render-pdf", cli, {"render", "IN/startest-sweeps.con", "-o", "OUT/a.pdf"},
             {{"a.pdf", kOld}}},
+        {"report", cli, {"report", "IN/noise-gray.con", "IN/mtf.con", "-o", "OUT/a.pdf"},
+            {{"a.pdf", kOld}}},
         {"pack", cli, {"pack", "IN/noise-gray.con", picture, "-o", "OUT/a.con"}, {{"a.con", kOld}}},
         {"unpack", cli, {"unpack", "IN/test-run.con", "-d", "OUT"},
             {{"Oscil_Adjusted_Color_300.con", kOld}}, Saves::SeveralFiles},
