@@ -44,6 +44,11 @@ std::uint8_t* TiffPicture::GetLineBuffer()
     return m_memory.data() + (Row(m_row) - m_memory.data());
 }
 
+std::uint32_t TiffPicture::LinesAhead() const
+{
+    return m_height - static_cast<std::uint32_t>(m_row);
+}
+
 ImageResult TiffPicture::LineDone()
 {
     ++m_row;

@@ -36,6 +36,7 @@ private:
     ImageResult BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,
         std::uint32_t resolution, std::uint32_t, std::uint32_t) override;
     std::uint8_t* GetLineBuffer() override;
+    std::uint32_t LinesAhead() const override;
     ImageResult LineDone() override;
     ImageResult EndImage(std::uint32_t) override { return ImageResult::Ok; }
 

@@ -3,6 +3,7 @@
 #include "imagefile/CTIFReader.h"
 
 #include <memory>
+#include <span>
 
 namespace vireo {
 
@@ -20,6 +21,9 @@ public:
     CDecoder& operator=(const CDecoder&) = delete;
     virtual ~CDecoder() = default;
 
+    /// Says where the next rows of the strip may be written one behind the other before they are
+    /// asked for, which is worth something where decoding is no more than reading.
+    virtual void ReadAhead(std::span<std::uint8_t> /*rows*/) { }
     /// Decodes the next row into a buffer of the bytes of one row. What is not decoded stays as it
     /// was.
     virtual ImageResult DecodeLine(std::uint8_t* row) = 0;
@@ -36,7 +40,12 @@ class CTIFReader::CDecoderNone : public CDecoder {
 public:
     using CDecoder::CDecoder;
 
+    void ReadAhead(std::span<std::uint8_t> rows) override;
     ImageResult DecodeLine(std::uint8_t* row) override;
+    ImageResult StartStrip() override;
+
+private:
+    std::span<const std::uint8_t> m_ahead; ///< Of the next rows, what has been read already.
 };
 
 /// PackBits (compression 32773): runs and literals, each within one row.

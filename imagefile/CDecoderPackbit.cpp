@@ -13,7 +13,7 @@ constexpr int kNothing = -128;             ///< The control byte that means noth
 constexpr std::ptrdiff_t kLongest = 128;   ///< Bytes of the longest literal or run.
 constexpr std::size_t kLongestChunk = 129; ///< A control byte and 128 bytes.
 /// Short chunks are copied by so many bytes, and over their end by fewer.
-constexpr std::ptrdiff_t kLiteralBlock = 32, kRunBlock = 16;
+constexpr std::ptrdiff_t kLiteralBlock = 64, kRunBlock = 16;
 /// Where a row may fail soon, it is put together in pieces of so many bytes at least, in the
 /// decoder's own memory: there copies over the end of a chunk spoil nothing.
 constexpr std::ptrdiff_t kPiece = 4096;

@@ -19,6 +19,9 @@ public:
         std::uint32_t resolution, std::uint32_t reserved1, std::uint32_t reserved2) = 0;
     /// Where the next row is to be written: BytesPerRow(depth, width) bytes.
     virtual std::uint8_t* GetLineBuffer() = 0;
+    /// How many rows from that one on, it included, may be written there at once, one behind the
+    /// other without a gap, before LineDone is called for each of them.
+    virtual std::uint32_t LinesAhead() const { return 1; }
     /// The row in the last line buffer is complete.
     virtual ImageResult LineDone() = 0;
     /// No more rows come; `status` is 0 when all went well.

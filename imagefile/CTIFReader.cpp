@@ -5,6 +5,7 @@
 #include "imagefile/CDecoderLZW.h"
 #include "imagefile/TifPredictor.h"
 
+#include <algorithm>
 #include <cassert>
 #include <unordered_set>
 
@@ -170,10 +171,20 @@ ImageResult CTIFReader::ReadLine()
         if (const ImageResult result = StartStrip(); result != ImageResult::Ok)
             return result;
     }
+    if (const std::size_t rows = RowsAhead(); rows > 1)
+        m_ptrDecoder->ReadAhead({row, rows * m_uRowBytes});
     ImageResult result = m_ptrDecoder->DecodeLine(row);
     result = FinishRow(row, result);
     ++m_uCurrentRow;
     return result == ImageResult::Ok ? m_ptrReceiver->LineDone() : result;
+}
+
+/// How many rows of the strip, from the next one on, the receiver takes in one piece.
+std::size_t CTIFReader::RowsAhead() const
+{
+    const std::uint32_t rowsPerStrip = m_Page.RowsPerStrip();
+    const std::uint32_t leftInStrip = rowsPerStrip - m_uCurrentRow % rowsPerStrip;
+    return std::min({m_ptrReceiver->LinesAhead(), leftInStrip, m_uHeight - m_uCurrentRow});
 }
 
 ImageResult CTIFReader::StartStrip()

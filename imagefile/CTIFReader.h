@@ -63,6 +63,7 @@ private:
     void MakeDecoder();
     void CloseFile();
     void ForgetPage();
+    std::size_t RowsAhead() const;
     ImageResult StartStrip();
     ImageResult FinishRow(std::uint8_t* row, ImageResult result) const;
 

@@ -80,6 +80,11 @@ public:
         m_next += m_pitch;
         return line;
     }
+    std::uint32_t LinesAhead() const override
+    {
+        const std::uint8_t* const end = m_picture.m_ptrBuffer.get() + m_picture.m_iBufferLength;
+        return 1 + static_cast<std::uint32_t>(static_cast<std::size_t>(end - m_next) / m_pitch);
+    }
     ImageResult LineDone() override { return ImageResult::Ok; }
     ImageResult EndImage(std::uint32_t) override { return ImageResult::Ok; }
 

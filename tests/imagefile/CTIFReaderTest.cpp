@@ -36,7 +36,10 @@ class CTIFReaderFile : public testing::Test {
 protected:
     TifReading Read(const std::string& bytes, std::uint32_t page = 1)
     {
-        return ReadTif(folder.Write("picture.tif", bytes), page);
+        const std::filesystem::path file = folder.Write("picture.tif", bytes);
+        TifReading reading = ReadTif(file, page);
+        EXPECT_TRUE(ReadTif(file, page, 4) == reading) << "rows read ahead are the same";
+        return reading;
     }
     TempFolder folder;
 };

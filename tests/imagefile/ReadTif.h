@@ -21,8 +21,15 @@ public:
     }
     std::uint8_t* GetLineBuffer() override
     {
-        m_row.assign(m_rowBytes, fill);
-        return m_row.data();
+        const std::uint32_t place = m_rowsAsked++ % rowsInOnePiece;
+        if (place == 0)
+            m_rows.assign(m_rowBytes * rowsInOnePiece, fill);
+        m_row = m_rows.data() + place * m_rowBytes;
+        return m_row;
+    }
+    std::uint32_t LinesAhead() const override
+    {
+        return rowsInOnePiece - (m_rowsAsked - 1) % rowsInOnePiece;
     }
     ImageResult LineDone() override
     {
@@ -35,7 +42,7 @@ public:
         return ImageResult::Ok;
     }
     /// The row in the last line buffer.
-    std::string Row() const { return {m_row.begin(), m_row.end()}; }
+    std::string Row() const { return {m_row, m_row + m_rowBytes}; }
 
     std::vector<std::uint32_t> announced;
     std::uint32_t rowsDone = 0;
@@ -43,9 +50,12 @@ public:
     ImageResult beginResult = ImageResult::Ok;
     ImageResult lineResult = ImageResult::Ok;
     std::uint8_t fill = 0;
+    std::uint32_t rowsInOnePiece = 1; ///< How many rows lie one behind the other.
 
 private:
-    std::vector<std::uint8_t> m_row;
+    std::vector<std::uint8_t> m_rows;
+    std::uint8_t* m_row = nullptr;
+    std::uint32_t m_rowsAsked = 0;
     std::size_t m_rowBytes = 0;
 };
 
@@ -55,11 +65,15 @@ struct TifReading {
     ImageResult rows = ImageResult::Ok; ///< Of the first row that failed.
     std::uint32_t failedRows = 0;
     std::string pixels; ///< All rows, those that failed with what they hold.
+
+    bool operator==(const TifReading&) const = default;
 };
 
-inline TifReading ReadTif(const std::filesystem::path& file, std::uint32_t page = 1)
+inline TifReading ReadTif(
+    const std::filesystem::path& file, std::uint32_t page = 1, std::uint32_t rowsInOnePiece = 1)
 {
     RowSink sink;
+    sink.rowsInOnePiece = rowsInOnePiece;
     CTIFReader reader;
     reader.SetFile(file);
     reader.SetPage(page);
