@@ -1,9 +1,10 @@
 // Takes the pictures of the manual and the README: opens each dialog on a sample, clicks what the
 // picture is about, and saves what the window shows. docs/screenshots/take runs it.
 //
-//     vireo-screenshots SAMPLES OUT [NAME...]
+//     vireo-screenshots SAMPLES OUT [--smallest] [NAME...]
 //
-// QT_SCALE_FACTOR=2 gives the same pictures at 200 %.
+// QT_SCALE_FACTOR=2 gives the same pictures at 200 %. --smallest makes each window as small as it
+// gets, which shows what is clipped then.
 
 #include "app/CViewerDlg.h"
 #include "app/ProgramLimits.h"
@@ -160,13 +161,16 @@ bool PhotographChild(QWidget& dialog, const char* command, const QString& target
     return RunCommand(dialog, command) && good;
 }
 
+enum class WindowSize { OfShot, Smallest };
+
 /// Arranges the open dialog and saves its picture. Returns whether all went as planned.
-bool Photograph(const Shot& shot, const QString& target)
+bool Photograph(const Shot& shot, WindowSize size, const QString& target)
 {
     QWidget* const dialog = OpenDialog();
     if (!dialog)
         return false;
-    dialog->resize(shot.size);
+    // A window gets no smaller than its controls allow.
+    dialog->resize(size == WindowSize::Smallest ? QSize(1, 1) : shot.size);
     QTest::qWait(150);
     bool good = ArrangePlot(*dialog, shot);
     for (const char* const command : shot.commands)
@@ -234,14 +238,15 @@ bool TakeLauncher(const QString& folder)
     return good;
 }
 
-bool Take(const Shot& shot, const std::filesystem::path& samples, const QString& folder)
+bool Take(
+    const Shot& shot, WindowSize size, const std::filesystem::path& samples, const QString& folder)
 {
     vireo::ViewerTable viewers = vireo::ProgramViewers();
     const QString target = folder + QLatin1Char('/') + QLatin1String(shot.name) + ".png";
     bool good = false;
     // Messages are part of some samples; nobody is there to close their boxes.
     const vireo::MessageRecorder messages;
-    QTimer::singleShot(300, [&] { good = Photograph(shot, target); });
+    QTimer::singleShot(300, [&] { good = Photograph(shot, size, target); });
     const QTemporaryDir scratch;
     const bool isLive = *shot.sample == '\0';
     vireo::ProgramLimits(vireo::ScannerSettingsFile())
@@ -268,9 +273,11 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
+    QStringList arguments = QApplication::arguments();
+    const bool isSmallest = arguments.removeAll(QStringLiteral("--smallest")) > 0;
+    const WindowSize size = isSmallest ? WindowSize::Smallest : WindowSize::OfShot;
     if (arguments.size() < 3) {
-        std::fprintf(stderr, "usage: vireo-screenshots SAMPLES OUT [NAME...]\n");
+        std::fprintf(stderr, "usage: vireo-screenshots SAMPLES OUT [--smallest] [NAME...]\n");
         return 2;
     }
     const QStringList wanted = arguments.mid(3);
@@ -279,7 +286,7 @@ int main(int argc, char** argv)
     bool good = UseOwnSettings(settings);
     for (const Shot& shot : kShots)
         if (wanted.isEmpty() || wanted.contains(QLatin1String(shot.name)))
-            good = Take(shot, vireo::PathFromQString(arguments[1]), arguments[2]) && good;
+            good = Take(shot, size, vireo::PathFromQString(arguments[1]), arguments[2]) && good;
     if (wanted.isEmpty() || wanted.contains(QStringLiteral("start")))
         good = TakeLauncher(arguments[2]) && good;
     if (wanted.isEmpty() || wanted.contains(QStringLiteral("dump-wait")))

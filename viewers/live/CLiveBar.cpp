@@ -1,5 +1,6 @@
 #include "viewers/live/CLiveBar.h"
 
+#include "viewers/controls/ElidedLabel.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/live/CLiveScanner.h"
 #include "viewers/live/LiveText.h"
@@ -44,9 +45,9 @@ CLiveBar::CLiveBar(CLiveScanner& scanner, QWidget* parent)
 {
     m_startButton->setObjectName(QStringLiteral("startButton"));
     m_startButton->setAutoDefault(false);
-    auto* const scannerText = MakeText("scannerText", this);
+    auto* const scannerText = new ElidedLabel(this);
+    scannerText->setObjectName(QStringLiteral("scannerText"));
     scannerText->setText(QStringFromText(ScannerText(scanner.Identity())));
-    scannerText->setToolTip(scannerText->text());
     // A long name must not keep the window from getting narrow.
     scannerText->setMinimumWidth(80);
     scannerText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

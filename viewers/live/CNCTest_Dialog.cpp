@@ -11,6 +11,7 @@
 #include "viewers/noise/NoiseVerdict.h"
 #include "viewers/noise/StationLimit.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vireo {
@@ -162,6 +163,9 @@ void CNCTest_Dialog::ShowVerdict()
     if (const QString style = QString::fromLatin1(kStyle).arg(QLatin1String(colour));
         m_ui->verdictText->styleSheet() != style)
         m_ui->verdictText->setStyleSheet(style);
+    // A window does not ask wrapped text in a panel how high it gets.
+    const int width = std::max(m_ui->verdictText->width(), m_ui->verdictText->minimumWidth());
+    m_ui->verdictText->setMinimumHeight(m_ui->verdictText->heightForWidth(width));
 }
 
 void CNCTest_Dialog::ShowCursor(std::optional<std::int64_t> pixel)

@@ -1,13 +1,16 @@
 #include "viewers/controls/CElapsed_Control.h"
 #include "viewers/controls/CScrollTextControl.h"
 #include "viewers/controls/CWidthCenter_Control.h"
+#include "viewers/controls/ElidedLabel.h"
 #include "viewers/controls/Symbols.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -252,6 +255,38 @@ TEST_F(ScrolledText, AnEmptyTextCanBeClickedAndCopied)
     QTest::keyClick(&m_control, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(m_control.SelectedText(), QString());
     EXPECT_EQ(m_control.PageCount(), 1);
+}
+
+TEST(ElidedLabel, LeavesTheMiddleOutAndShowsTheWholeAsToolTip)
+{
+    ElidedLabel label;
+    const QString name = QStringLiteral("<b>a-rather-long-name-of-a-test-result</b>.con");
+    label.setText(name);
+    label.show();
+    const auto tip = [&label] {
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), label.mapToGlobal(QPoint(2, 2)));
+        QCoreApplication::sendEvent(&label, &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    const auto paintedEnd = [&label] {
+        const QImage image = label.grab().toImage();
+        int end = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y)
+                end = image.pixel(x, y) != image.pixel(0, 0) ? x : end;
+        }
+        return end;
+    };
+    const int whole = label.fontMetrics().horizontalAdvance(name);
+    label.resize(whole + 20, 30);
+    EXPECT_EQ(tip(), QString());
+    EXPECT_NEAR(paintedEnd(), whole, 10);
+
+    label.resize(120, 30);
+    EXPECT_EQ(tip(), name);
+    EXPECT_NEAR(paintedEnd(), 110, 10) << "the name's last letters are there";
+    EXPECT_LT(label.minimumSizeHint().width(), 60);
 }
 
 } // namespace
