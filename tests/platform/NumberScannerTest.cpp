@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -80,6 +81,16 @@ TEST(NumberScanner, AgreesWithTheCLibraryOnManyNumbers)
         else
             std::snprintf(text, sizeof(text), "%.*f", static_cast<int>(random() % 9), value);
         EXPECT_EQ(NumberScanner(text).ReadFloat(), std::strtof(text, nullptr)) << text;
+        // Several characters are looked at together: those behind a number must not matter.
+        constexpr const char* kBehind[] = {
+            " 12345678 ", "-9876543210", "/:;<=>?@AB", "\xb9\x80\xff"};
+        const std::string longer = text + std::string(kBehind[i % 4]);
+        EXPECT_EQ(NumberScanner(longer).ReadFloat(), std::strtof(longer.c_str(), nullptr))
+            << longer;
+        EXPECT_EQ(NumberScanner(longer).ReadInteger(),
+            std::clamp<long long>(std::strtoll(longer.c_str(), nullptr, 10),
+                std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()))
+            << longer;
     }
 }
 

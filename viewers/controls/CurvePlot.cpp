@@ -131,10 +131,12 @@ private:
         scale.view.first += 0.5;
         m_painter.save();
         m_painter.setClipRect(m_area.toAlignedRect());
+        std::vector<StyledTrace> traces;
         for (const CurveSlot& slot : m_content.curves->All())
             if (slot.IsShown())
-                DrawTrace(m_painter, scale, ValueTrace{slot.values, slot.pyramid},
-                    ToQColor(slot.colour), slot.isDashed ? LineStyle::Dashed : LineStyle::Solid);
+                traces.push_back({{slot.values, slot.pyramid}, ToQColor(slot.colour),
+                    slot.isDashed ? LineStyle::Dashed : LineStyle::Solid});
+        DrawTraces(m_painter, scale, traces);
         m_painter.restore();
     }
 

@@ -1,11 +1,11 @@
 #include "viewers/controls/TraceDrawing.h"
 
+#include "viewers/controls/ColumnFills.h"
 #include "viewers/controls/ProfileCurve.h"
 #include "viewers/controls/StraightLine.h"
 
 #include <QPainter>
 #include <QPolygonF>
-#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -120,53 +120,6 @@ void DrawSamples(QPainter& painter, const ProfileScale& scale, const TraceOf<Val
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-/// What one column of a raster has to cover, in device pixels; `end` lies behind the last.
-struct ColumnFill {
-    int x;
-    int top;
-    int end;
-};
-
-using Fills = QVarLengthArray<QRect, 4096>;
-
-void AppendFill(Fills& fills, int x, int width, int top, int end)
-{
-    if (top < end)
-        fills.append(QRect(x, top, width, end - top));
-}
-
-/// Fills a few neighbouring columns. Where they have much in common that is one wide fill, which
-/// goes along the rows of memory: tall columns one by one (noise over the whole height) take five
-/// times as long.
-void AppendGroup(Fills& fills, std::span<const ColumnFill> group)
-{
-    constexpr int kWorthwhile = 24;
-    int top = group.front().top;
-    int end = group.front().end;
-    for (const ColumnFill& column : group) {
-        top = std::max(top, column.top);
-        end = std::min(end, column.end);
-    }
-    const int width = group.back().x - group.front().x + 1;
-    const bool isShared = end - top >= kWorthwhile && width == static_cast<int>(group.size());
-    if (isShared)
-        AppendFill(fills, group.front().x, width, top, end);
-    for (const ColumnFill& column : group) {
-        AppendFill(fills, column.x, 1, column.top, isShared ? top : column.end);
-        if (isShared)
-            AppendFill(fills, column.x, 1, end, column.end);
-    }
-}
-
-Fills FillsOf(std::span<const ColumnFill> columns)
-{
-    constexpr std::size_t kGroup = 16;
-    Fills fills;
-    for (std::size_t first = 0; first < columns.size(); first += kGroup)
-        AppendGroup(fills, columns.subspan(first, std::min(kGroup, columns.size() - first)));
-    return fills;
-}
-
 template <typename Sample>
 CurveColumnsOf<Sample> ColumnsOf(const TraceOf<Sample>& trace, const ProfileView& view, int count)
 {
@@ -184,10 +137,9 @@ CurveColumnsOf<double> ColumnsOf(const ValueTrace& trace, const ProfileView& vie
 /// On a raster each column is a fill of whole device pixels: several times faster than lines, and
 /// without a line's rounding.
 template <typename Value>
-void DrawColumnsAsFills(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& trace,
-    const TraceStyle& style)
+FilledCurve FillsOf(const QTransform& toDevice, const ProfileScale& scale,
+    const TraceOf<Value>& trace, const TraceStyle& style)
 {
-    const QTransform toDevice = painter.deviceTransform();
     const QRectF area = toDevice.mapRect(QRectF(scale.left, scale.top, scale.width, scale.height));
     const auto curve = ColumnsOf(trace, scale.view, static_cast<int>(std::lround(area.width())));
     const double perValue = area.height() / (scale.high - scale.low);
@@ -198,8 +150,8 @@ void DrawColumnsAsFills(QPainter& painter, const ProfileScale& scale, const Trac
         return static_cast<int>(
             std::lround(std::clamp(y, area.top() - beyond, area.bottom() + beyond)));
     };
-    std::vector<ColumnFill> columns;
-    columns.reserve(curve.columns.size());
+    FilledCurve filled{style.colour, {}};
+    filled.columns.reserve(curve.columns.size());
     const double step = curve.pixelsPerColumn / scale.view.length * area.width();
     double x = toDevice.map(QPointF(scale.XAt(curve.firstPixel), 0.0)).x();
     for (const auto& range : curve.columns) {
@@ -211,14 +163,16 @@ void DrawColumnsAsFills(QPainter& painter, const ProfileScale& scale, const Trac
         // A dashed curve has gaps where it runs level; a spike is never lost in one.
         constexpr int kSpike = 3;
         if (style.Covers(column, toDevice.m11()) || fill.end - fill.top > kSpike * thickness)
-            columns.push_back(fill);
+            filled.columns.push_back(fill);
     }
-    const Fills fills = FillsOf(columns);
+    return filled;
+}
+
+void DrawInDevicePixels(QPainter& painter, std::span<const FilledCurve> curves)
+{
     painter.save();
-    painter.setTransform(toDevice.inverted() * painter.transform());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(style.colour);
-    painter.drawRects(fills.constData(), static_cast<int>(fills.size()));
+    painter.setTransform(painter.deviceTransform().inverted() * painter.transform());
+    DrawFilledCurves(painter, curves);
     painter.restore();
 }
 
@@ -251,18 +205,26 @@ void DrawColumnsAsLine(QPainter& painter, const ProfileScale& scale, const Trace
     painter.drawPolyline(points);
 }
 
+/// Whether a curve runs from sample to sample.
+bool IsDrawnBySamples(const ProfileScale& scale)
+{
+    return scale.width / scale.view.length >= kSmoothFrom;
+}
+
 template <typename Value>
 void Draw(QPainter& painter, const ProfileScale& scale, const TraceOf<Value>& trace,
     const TraceStyle& style)
 {
     if (trace.samples.empty())
         return;
-    if (scale.width / scale.view.length >= kSmoothFrom)
+    if (IsDrawnBySamples(scale)) {
         DrawSamples(painter, scale, trace, style);
-    else if (IsRaster(painter))
-        DrawColumnsAsFills(painter, scale, trace, style);
-    else
+    } else if (IsRaster(painter)) {
+        const FilledCurve curve = FillsOf(painter.deviceTransform(), scale, trace, style);
+        DrawInDevicePixels(painter, {&curve, 1});
+    } else {
         DrawColumnsAsLine(painter, scale, trace, style);
+    }
 }
 
 } // namespace
@@ -279,10 +241,19 @@ void DrawTrace(QPainter& painter, const ProfileScale& scale, const WideTraceSamp
     Draw(painter, scale, trace, {colour, LineStyle::Solid});
 }
 
-void DrawTrace(QPainter& painter, const ProfileScale& scale, const ValueTrace& trace,
-    const QColor& colour, LineStyle style)
+void DrawTraces(QPainter& painter, const ProfileScale& scale, std::span<const StyledTrace> traces)
 {
-    Draw(painter, scale, trace, {colour, style});
+    if (IsDrawnBySamples(scale) || !IsRaster(painter)) {
+        for (const StyledTrace& styled : traces)
+            Draw(painter, scale, styled.trace, {styled.colour, styled.style});
+        return;
+    }
+    std::vector<FilledCurve> curves;
+    for (const StyledTrace& styled : traces)
+        if (!styled.trace.samples.empty())
+            curves.push_back(FillsOf(
+                painter.deviceTransform(), scale, styled.trace, {styled.colour, styled.style}));
+    DrawInDevicePixels(painter, curves);
 }
 
 } // namespace vireo

@@ -4,10 +4,11 @@
 #include "viewers/controls/ProfileView.h"
 #include "viewers/controls/StraightLine.h"
 
+#include <QColor>
+
 #include <cstdint>
 #include <span>
 
-class QColor;
 class QPainter;
 
 namespace vireo {
@@ -31,8 +32,14 @@ void DrawTrace(
 void DrawTrace(QPainter& painter, const ProfileScale& scale, const WideTraceSamples& trace,
     const QColor& colour);
 
-/// The same for values, which may lie anywhere. Where one is no number the curve has a gap.
-void DrawTrace(QPainter& painter, const ProfileScale& scale, const ValueTrace& trace,
-    const QColor& colour, LineStyle style);
+/// A curve of values, which may lie anywhere. Where one is no number the curve has a gap.
+struct StyledTrace {
+    ValueTrace trace;
+    QColor colour;
+    LineStyle style = LineStyle::Solid;
+};
+
+/// The same for curves of values, later ones over earlier ones.
+void DrawTraces(QPainter& painter, const ProfileScale& scale, std::span<const StyledTrace> traces);
 
 } // namespace vireo

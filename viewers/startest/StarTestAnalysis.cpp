@@ -42,24 +42,28 @@ void MovingMean::Push(float value)
     constexpr float kLargest = 1e9F;
     if (value > kLargest || value < -kLargest)
         return;
-    if (!m_isFilled)
+    if (!m_isFilled) {
         m_slots.fill(value);
+        for (std::size_t block = 0; block < m_sums.size(); ++block)
+            SumUpBlock(block);
+    }
     m_isFilled = true;
     m_slots[m_oldest] = value;
+    SumUpBlock(m_oldest / kBlock);
     m_oldest = (m_oldest + 1) % kSlots;
 }
 
-/// All slots are added up each time: in a running sum the rounding of one huge value, or one that
-/// is no number, would stay for ever. Sums side by side do not wait for each other.
+/// A block's slots are added up each time: in a running sum the rounding of one huge value, or one
+/// that is no number, would stay for ever.
+void MovingMean::SumUpBlock(std::size_t block)
+{
+    const auto slots = std::span(m_slots).subspan(block * kBlock, kBlock);
+    m_sums[block] = std::accumulate(slots.begin(), slots.end(), 0.0);
+}
+
 double MovingMean::Mean() const
 {
-    constexpr std::size_t kSums = 16;
-    std::array<double, kSums> sums{m_slots.back()};
-    static_assert(kSlots % kSums == 1);
-    for (std::size_t i = 0; i + 1 < kSlots; i += kSums)
-        for (std::size_t k = 0; k < kSums; ++k)
-            sums[k] += m_slots[i + k];
-    return std::accumulate(sums.begin(), sums.end(), 0.0) / kSlots;
+    return std::accumulate(m_sums.begin(), m_sums.end(), 0.0) / kSlots;
 }
 
 void SmoothByMovingMean(std::span<float> values)

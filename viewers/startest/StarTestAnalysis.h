@@ -42,7 +42,13 @@ public:
     double Mean() const;
 
 private:
+    static constexpr std::size_t kBlock = 9;
+    static_assert(kSlots % kBlock == 0);
+
+    void SumUpBlock(std::size_t block);
+
     std::array<double, kSlots> m_slots{};
+    std::array<double, kSlots / kBlock> m_sums{}; ///< Of the slots of each block.
     std::size_t m_oldest = 0;
     bool m_isFilled = false;
 };
