@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <new>
 
 namespace vireo {
@@ -39,6 +40,23 @@ std::int32_t* PutPlaces(std::uint64_t bits, std::int32_t start, std::int32_t* ou
     return out;
 }
 
+/// Passes over groups of words that are of one colour, from a pixel on, and returns the first that
+/// may not be: most of a page is paper.
+std::uint32_t SkipPlain(
+    const std::uint8_t* row, std::uint32_t start, std::uint32_t width, bool isBlack)
+{
+    constexpr std::uint32_t kWords = 4;
+    const std::uint64_t plain = isBlack ? 0 : ~std::uint64_t{0};
+    for (; start + kWords * kWordBits <= width; start += kWords * kWordBits) {
+        std::uint64_t words[kWords];
+        std::memcpy(words, row + start / 8, sizeof(words));
+        if (((words[0] ^ plain) | (words[1] ^ plain) | (words[2] ^ plain) | (words[3] ^ plain))
+            != 0)
+            break;
+    }
+    return start;
+}
+
 } // namespace
 
 bool CcittChanges::Allocate(std::uint32_t width)
@@ -65,7 +83,7 @@ void CcittChanges::Find(const std::uint8_t* row)
 {
     std::int32_t* out = m_changes.get() + kBefore;
     std::uint64_t before = 0; // The pixel left of the 64: the lowest bit, 1 for black.
-    for (std::uint32_t start = 0; start < m_width; start += kWordBits) {
+    for (std::uint32_t start = 0; start < m_width;) {
         const std::uint64_t black = ~LoadBigEndian64(row + start / 8);
         std::uint64_t changes = black ^ (black >> 1 | before << (kWordBits - 1));
         before = black;
@@ -73,6 +91,9 @@ void CcittChanges::Find(const std::uint8_t* row)
             changes &= ~(~std::uint64_t{0} >> left);
         if (changes != 0)
             out = PutPlaces(Mirrored(changes), static_cast<std::int32_t>(start), out);
+        start += kWordBits;
+        if (changes == 0)
+            start = SkipPlain(row, start, m_width, (before & 1) != 0);
     }
     PutEnd(out);
 }
