@@ -171,8 +171,8 @@ ImageResult CTIFReader::ReadLine()
         if (const ImageResult result = StartStrip(); result != ImageResult::Ok)
             return result;
     }
-    if (const std::size_t rows = RowsAhead(); rows > 1)
-        m_ptrDecoder->ReadAhead({row, rows * m_uRowBytes});
+    if (m_Page.compression == TifCompression::kNone)
+        m_ptrDecoder->ReadAhead({row, RowsAhead() * m_uRowBytes});
     ImageResult result = m_ptrDecoder->DecodeLine(row);
     result = FinishRow(row, result);
     ++m_uCurrentRow;
