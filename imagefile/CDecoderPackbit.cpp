@@ -2,14 +2,13 @@
 #include "imagefile/TifBits.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 namespace vireo {
 
 namespace {
 
-constexpr int kNothing = -128;             ///< The control byte that means nothing.
+constexpr int kNothing = 128;              ///< The control byte that means nothing.
 constexpr std::ptrdiff_t kLongest = 128;   ///< Bytes of the longest literal or run.
 constexpr std::size_t kLongestChunk = 129; ///< A control byte and 128 bytes.
 /// Short chunks are copied by so many bytes, and over their end by fewer.
@@ -32,26 +31,34 @@ struct Cursor {
 /// again: every chunk then waits for the length of the one before.)
 void DecodeFast(Cursor& cursor)
 {
+    // Not used through the cursor: as far as a compiler knows, storing a byte may change it.
     const std::uint8_t* next = cursor.next;
+    const std::uint8_t* const end = cursor.end;
     std::uint8_t* out = cursor.out;
-    while (cursor.end - next >= kLongest + 1 + kLiteralBlock && out < cursor.pieceEnd) {
-        const int control = static_cast<std::int8_t>(*next);
-        const std::ptrdiff_t count = std::abs(control) + 1;
-        if (cursor.rowEnd - out < count || control == kNothing)
-            break;
-        if (control >= 0) {
+    const std::uint8_t* const pieceEnd = cursor.pieceEnd;
+    const std::uint8_t* const rowEnd = cursor.rowEnd;
+    while (end - next >= kLongest + 1 + kLiteralBlock && out < pieceEnd) {
+        const std::ptrdiff_t control = *next;
+        if (control < kNothing) {
+            const std::ptrdiff_t count = control + 1;
+            if (rowEnd - out < count)
+                break;
             std::memcpy(out, next + 1, kLiteralBlock);
             if (count > kLiteralBlock)
                 std::memcpy(
                     out + kLiteralBlock, next + 1 + kLiteralBlock, kLongest - kLiteralBlock);
             next += 1 + count;
+            out += count;
         } else {
+            const std::ptrdiff_t count = 2 * kNothing + 1 - control;
+            if (rowEnd - out < count || control == kNothing)
+                break;
             std::memset(out, next[1], kRunBlock);
             if (count > kRunBlock)
                 std::memset(out + kRunBlock, next[1], kLongest - kRunBlock);
             next += 2;
+            out += count;
         }
-        out += count;
     }
     cursor.next = next;
     cursor.out = out;
@@ -62,11 +69,11 @@ ImageResult DecodeChunk(Cursor& cursor)
 {
     if (cursor.next == cursor.end)
         return ImageResult::CantReadTif;
-    const int control = static_cast<std::int8_t>(*cursor.next++);
+    const std::size_t control = *cursor.next++;
     if (control == kNothing)
         return ImageResult::Ok;
-    const bool isRun = control < 0;
-    const auto count = static_cast<std::size_t>(std::abs(control) + 1);
+    const bool isRun = control > kNothing;
+    const std::size_t count = isRun ? 2 * kNothing + 1 - control : control + 1;
     const bool fits = count <= static_cast<std::size_t>(cursor.rowEnd - cursor.out);
     // The byte of a run is used up even when the run is too long; of a literal nothing is.
     if (!isRun && !fits)
