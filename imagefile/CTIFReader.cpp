@@ -3,6 +3,7 @@
 #include "imagefile/CDecoder.h"
 #include "imagefile/CDecoderHuffman.h"
 #include "imagefile/CDecoderLZW.h"
+#include "imagefile/TifEntry.h"
 #include "imagefile/TifPredictor.h"
 
 #include <algorithm>
@@ -76,7 +77,7 @@ ImageResult CTIFReader::ReadHeader(ByteOrder& order)
 /// The whole chain is walked, since only that tells the number of pages.
 ImageResult CTIFReader::WalkPages(ByteOrder order, const std::filesystem::path& iccFile)
 {
-    constexpr std::uint64_t kFirstPageOffset = 4, kEntryBytes = 12;
+    constexpr std::uint64_t kFirstPageOffset = 4;
     std::unordered_set<std::uint64_t> passed;
     for (std::uint64_t position = kFirstPageOffset;;) {
         std::uint8_t bytes[4];
@@ -98,7 +99,8 @@ ImageResult CTIFReader::WalkPages(ByteOrder order, const std::filesystem::path& 
         std::uint8_t entries[2];
         if (m_File.ReadAt(position, entries) != sizeof(entries))
             return ImageResult::CantReadTif;
-        position += sizeof(entries) + kEntryBytes * *ByteReader(entries, order).ReadU16();
+        position += sizeof(entries)
+            + std::uint64_t{TifEntry::kBytes} * *ByteReader(entries, order).ReadU16();
     }
 }
 

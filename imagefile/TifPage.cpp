@@ -1,8 +1,8 @@
 #include "imagefile/TifPage.h"
 
+#include "imagefile/TifEntry.h"
 #include "imagefile/TifPageCheck.h"
-#include "imagefile/TifTags.h"
-#include "platform/AtomicFile.h"
+#include "imagefile/TifProfile.h"
 
 #include <algorithm>
 #include <limits>
@@ -15,39 +15,16 @@ namespace {
 
 // What a page may ask for at most. Wide-format pictures stay far below.
 constexpr std::uint32_t kMaxDescriptionBytes = 1024 * 1024;
-constexpr std::size_t kEntryBytes = 12;
-constexpr std::size_t kValueFieldOffset = 8; ///< In an entry.
 
 using Tag = TifTag;
 using Type = TifType;
-
-struct Entry {
-    Tag tag{};
-    Type type{};
-    std::uint32_t count = 0;
-    std::uint64_t fieldOffset = 0; ///< Where the value field lies in the file.
-    std::uint32_t value = 0;       ///< The value field as a 32-bit number,
-    std::uint16_t shortValue = 0;  ///< and its first half as a 16-bit number.
-
-    bool IsOneShort() const { return type == Type::Short && count == 1; }
-    bool IsShortOrLong() const { return type == Type::Short || type == Type::Long; }
-    bool IsOneRational() const { return type == Type::Rational && count == 1; }
-    std::uint32_t Number() const { return type == Type::Short ? shortValue : value; }
-};
-
-struct Rational {
-    std::uint32_t numerator = 300;
-    std::uint32_t denominator = 1;
-};
 
 /// Reads the entries of one page one after the other. Every function returns the code of the first
 /// thing that is wrong.
 class PageParser {
 public:
-    PageParser(const PositionalFile& file, ByteOrder order, const std::filesystem::path& iccFile,
-        TifPage& page)
-        : m_file(file),
-          m_order(order),
+    PageParser(const TifBytes& bytes, const std::filesystem::path& iccFile, TifPage& page)
+        : m_bytes(bytes),
           m_iccFile(iccFile),
           m_page(page)
     {
@@ -56,70 +33,39 @@ public:
     ImageResult ReadEntries(std::uint64_t& position);
 
 private:
-    bool ReadEntry(std::uint64_t position, Entry& entry) const;
-    ImageResult Take(const Entry& entry);
-    ImageResult TakeSize(const Entry& entry, std::uint32_t& size) const;
-    ImageResult TakeShort(const Entry& entry, std::uint16_t& value) const;
-    ImageResult TakeBitsPerSample(const Entry& entry);
-    ImageResult TakeDescription(const Entry& entry);
-    ImageResult TakeStripOffsets(const Entry& entry);
-    ImageResult TakeStripByteCounts(const Entry& entry) const;
-    ImageResult TakeResolution(const Entry& entry, Rational& resolution) const;
-    ImageResult TakePlanarConfiguration(const Entry& entry) const;
-    ImageResult TakeResolutionUnit(const Entry& entry);
-    ImageResult TakePredictor(const Entry& entry);
-    ImageResult TakeColorMap(const Entry& entry);
-    ImageResult CopyProfile(const Entry& entry) const;
-    bool FileHolds(std::uint64_t offset, std::uint64_t bytes) const;
-    bool ReadAll(std::uint64_t offset, std::span<std::uint8_t> into) const;
+    ImageResult Take(const TifEntry& entry);
+    ImageResult TakeSize(const TifEntry& entry, std::uint32_t& size) const;
+    ImageResult TakeShort(const TifEntry& entry, std::uint16_t& value) const;
+    ImageResult TakeBitsPerSample(const TifEntry& entry);
+    ImageResult TakeDescription(const TifEntry& entry);
+    ImageResult TakeStripOffsets(const TifEntry& entry);
+    ImageResult TakeStripByteCounts(const TifEntry& entry) const;
+    ImageResult TakeResolution(const TifEntry& entry, TifRational& resolution) const;
+    ImageResult TakePlanarConfiguration(const TifEntry& entry) const;
+    ImageResult TakeResolutionUnit(const TifEntry& entry);
+    ImageResult TakePredictor(const TifEntry& entry);
+    ImageResult TakeColorMap(const TifEntry& entry);
     std::uint32_t ResolutionInDpi() const;
 
-    const PositionalFile& m_file;
-    ByteOrder m_order;
+    const TifBytes& m_bytes;
     const std::filesystem::path& m_iccFile;
     TifPage& m_page;
-    Rational m_resolution;
+    TifRational m_resolution;
     std::uint16_t m_resolutionUnit = 2;
 };
-
-bool PageParser::FileHolds(std::uint64_t offset, std::uint64_t bytes) const
-{
-    return offset <= m_file.Size() && bytes <= m_file.Size() - offset;
-}
-
-bool PageParser::ReadAll(std::uint64_t offset, std::span<std::uint8_t> into) const
-{
-    return m_file.ReadAt(offset, into) == into.size();
-}
-
-bool PageParser::ReadEntry(std::uint64_t position, Entry& entry) const
-{
-    std::array<std::uint8_t, kEntryBytes> bytes;
-    if (!ReadAll(position, bytes))
-        return false;
-    ByteReader reader(bytes, m_order);
-    entry.tag = static_cast<Tag>(*reader.ReadU16());
-    entry.type = static_cast<Type>(*reader.ReadU16());
-    entry.count = *reader.ReadU32();
-    entry.value = *reader.ReadU32();
-    reader.Seek(kValueFieldOffset);
-    entry.shortValue = *reader.ReadU16();
-    entry.fieldOffset = position + kValueFieldOffset;
-    return true;
-}
 
 ImageResult PageParser::ReadEntries(std::uint64_t& position)
 {
     std::array<std::uint8_t, 2> countBytes;
-    if (!ReadAll(position, countBytes))
+    if (!m_bytes.ReadAll(position, countBytes))
         return ImageResult::CantReadTif;
     position += countBytes.size();
-    std::uint32_t left = *ByteReader(countBytes, m_order).ReadU16();
+    std::uint32_t left = *ByteReader(countBytes, m_bytes.Order()).ReadU16();
     for (Tag previous{}; left != 0; --left) {
-        Entry entry;
-        if (!ReadEntry(position, entry))
+        TifEntry entry;
+        if (!m_bytes.ReadEntry(position, entry))
             return ImageResult::CantReadTif;
-        position += kEntryBytes;
+        position += TifEntry::kBytes;
         if (entry.tag <= previous)
             return ImageResult::TifFormatError;
         previous = entry.tag;
@@ -130,9 +76,9 @@ ImageResult PageParser::ReadEntries(std::uint64_t& position)
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::Take(const Entry& entry)
+ImageResult PageParser::Take(const TifEntry& entry)
 {
-    Rational ignored;
+    TifRational ignored;
     switch (entry.tag) {
     case Tag::ImageWidth:
         return TakeSize(entry, m_page.width);
@@ -165,14 +111,14 @@ ImageResult PageParser::Take(const Entry& entry)
     case Tag::ColorMap:
         return TakeColorMap(entry);
     case Tag::IccProfile:
-        return CopyProfile(entry);
+        return CopyTifProfile(m_bytes, entry, m_iccFile);
     case Tag::SamplesPerPixel:
         break;
     }
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::TakeSize(const Entry& entry, std::uint32_t& size) const
+ImageResult PageParser::TakeSize(const TifEntry& entry, std::uint32_t& size) const
 {
     if (!entry.IsShortOrLong() || entry.count != 1)
         return ImageResult::TifFormatError;
@@ -180,7 +126,7 @@ ImageResult PageParser::TakeSize(const Entry& entry, std::uint32_t& size) const
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::TakeShort(const Entry& entry, std::uint16_t& value) const
+ImageResult PageParser::TakeShort(const TifEntry& entry, std::uint16_t& value) const
 {
     if (!entry.IsOneShort())
         return ImageResult::TifFormatError;
@@ -188,7 +134,7 @@ ImageResult PageParser::TakeShort(const Entry& entry, std::uint16_t& value) cons
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::TakeBitsPerSample(const Entry& entry)
+ImageResult PageParser::TakeBitsPerSample(const TifEntry& entry)
 {
     if (entry.type != Type::Short || (entry.count != 1 && entry.count != 3))
         return ImageResult::UnsupportedTifFormat;
@@ -201,9 +147,9 @@ ImageResult PageParser::TakeBitsPerSample(const Entry& entry)
         return ImageResult::Ok;
     }
     std::array<std::uint8_t, 6> bytes;
-    if (!ReadAll(entry.value, bytes))
+    if (!m_bytes.ReadAll(entry.value, bytes))
         return ImageResult::CantReadTif;
-    ByteReader reader(bytes, m_order);
+    ByteReader reader(bytes, m_bytes.Order());
     while (const auto bits = reader.ReadU16()) {
         if (*bits != 8 && *bits != 16)
             return ImageResult::UnsupportedTifFormat;
@@ -213,64 +159,60 @@ ImageResult PageParser::TakeBitsPerSample(const Entry& entry)
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::TakeDescription(const Entry& entry)
+ImageResult PageParser::TakeDescription(const TifEntry& entry)
 {
     if (entry.type != Type::Ascii)
         return ImageResult::TifFormatError;
     // A text that the file does not hold to its end is taken as far as it goes.
     const std::uint64_t offset = entry.count < 5 ? entry.fieldOffset : entry.value;
-    const std::uint64_t there = m_file.Size() - std::min(m_file.Size(), offset);
+    const std::uint64_t there = m_bytes.BytesFrom(offset);
     const std::uint64_t most = std::min<std::uint64_t>(entry.count, kMaxDescriptionBytes);
     std::vector<std::uint8_t> text(static_cast<std::size_t>(std::min(there, most)));
-    text.resize(m_file.ReadAt(offset, text));
+    text.resize(m_bytes.ReadAt(offset, text));
     m_page.description.assign(text.begin(), text.end());
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::TakeStripOffsets(const Entry& entry)
+ImageResult PageParser::TakeStripOffsets(const TifEntry& entry)
 {
     if (!entry.IsShortOrLong())
         return ImageResult::TifFormatError;
     const unsigned entryBytes = entry.type == Type::Short ? 2 : 4;
     const std::uint64_t bytes = std::uint64_t{entry.count} * entryBytes;
     const std::uint64_t offset = bytes <= 4 ? entry.fieldOffset : entry.value;
-    if (!FileHolds(offset, bytes))
+    if (!m_bytes.Hold(offset, bytes))
         return ImageResult::CantReadTif;
-    m_page.strips = {offset, entry.count, entryBytes, m_order};
+    m_page.strips = {offset, entry.count, entryBytes, m_bytes.Order()};
     return ImageResult::Ok;
 }
 
 /// The byte counts are not needed for reading: every coding says by itself where its rows end. Too
 /// many files have wrong ones.
-ImageResult PageParser::TakeStripByteCounts(const Entry& entry) const
+ImageResult PageParser::TakeStripByteCounts(const TifEntry& entry) const
 {
     if (!entry.IsShortOrLong() || entry.count != m_page.strips.Count())
         return ImageResult::TifFormatError;
     const std::uint64_t bytes = std::uint64_t{entry.count} * (entry.type == Type::Short ? 2 : 4);
-    return bytes <= 4 || FileHolds(entry.value, bytes) ? ImageResult::Ok : ImageResult::CantReadTif;
+    return bytes <= 4 || m_bytes.Hold(entry.value, bytes) ? ImageResult::Ok
+                                                          : ImageResult::CantReadTif;
 }
 
-ImageResult PageParser::TakeResolution(const Entry& entry, Rational& resolution) const
+ImageResult PageParser::TakeResolution(const TifEntry& entry, TifRational& resolution) const
 {
     if (!entry.IsOneRational())
         return ImageResult::TifFormatError;
-    std::array<std::uint8_t, 8> bytes;
-    if (!ReadAll(entry.value, bytes))
-        return ImageResult::CantReadTif;
-    ByteReader reader(bytes, m_order);
-    resolution.numerator = *reader.ReadU32();
-    resolution.denominator = *reader.ReadU32();
-    return ImageResult::Ok;
+    return m_bytes.ReadRational(entry.value, resolution) ? ImageResult::Ok
+                                                         : ImageResult::CantReadTif;
 }
 
-ImageResult PageParser::TakePlanarConfiguration(const Entry& entry) const
+ImageResult PageParser::TakePlanarConfiguration(const TifEntry& entry) const
 {
     if (!entry.IsOneShort())
         return ImageResult::TifFormatError;
     return entry.shortValue == 1 ? ImageResult::Ok : ImageResult::UnsupportedTifFormat;
 }
 
-ImageResult PageParser::TakeResolutionUnit(const Entry& entry)
+ImageResult PageParser::TakeResolutionUnit(const TifEntry& entry)
 {
     if (!entry.IsOneShort() || entry.shortValue < 1 || entry.shortValue > 3)
         return ImageResult::TifFormatError;
@@ -278,7 +220,7 @@ ImageResult PageParser::TakeResolutionUnit(const Entry& entry)
     return ImageResult::Ok;
 }
 
-ImageResult PageParser::TakePredictor(const Entry& entry)
+ImageResult PageParser::TakePredictor(const TifEntry& entry)
 {
     if (!entry.IsOneShort())
         return ImageResult::TifFormatError;
@@ -293,15 +235,15 @@ std::uint8_t ColorByte(std::uint16_t value)
     return static_cast<std::uint8_t>(std::uint32_t{value} * 255 / 65535);
 }
 
-ImageResult PageParser::TakeColorMap(const Entry& entry)
+ImageResult PageParser::TakeColorMap(const TifEntry& entry)
 {
     if (entry.type != Type::Short || entry.count != TifPage::kColorMapValues
         || m_page.depth != ColorDepth::Gray8)
         return ImageResult::TifFormatError;
     std::array<std::uint8_t, 2 * TifPage::kColorMapValues> bytes;
-    if (!ReadAll(entry.value, bytes))
+    if (!m_bytes.ReadAll(entry.value, bytes))
         return ImageResult::CantReadTif;
-    ByteReader reader(bytes, m_order);
+    ByteReader reader(bytes, m_bytes.Order());
     for (std::uint16_t& value : m_page.colorMapValues)
         value = *reader.ReadU16();
     const std::size_t colors = m_page.colorMap.size();
@@ -313,31 +255,6 @@ ImageResult PageParser::TakeColorMap(const Entry& entry)
     m_page.depth = ColorDepth::Palette8;
     m_page.colorMapEntries = static_cast<std::uint32_t>(m_page.colorMap.size());
     return ImageResult::Ok;
-}
-
-ImageResult PageParser::CopyProfile(const Entry& entry) const
-{
-    if (entry.type != Type::Undefined)
-        return ImageResult::TifFormatError;
-    if (m_iccFile.empty())
-        return ImageResult::Ok;
-    AtomicFile output;
-    if (output.Open(m_iccFile) != FileStatus::Ok)
-        return ImageResult::CantOpenIcc;
-    const std::uint64_t begin = entry.count <= 4 ? entry.fieldOffset : entry.value;
-    if (!FileHolds(begin, entry.count))
-        return ImageResult::CantReadTif;
-    std::vector<std::uint8_t> piece(64 * 1024);
-    for (std::uint64_t done = 0; done < entry.count;) {
-        const auto part = std::span(piece).first(
-            static_cast<std::size_t>(std::min<std::uint64_t>(piece.size(), entry.count - done)));
-        if (!ReadAll(begin + done, part))
-            return ImageResult::CantReadTif;
-        if (output.Write(part) != FileStatus::Ok)
-            return ImageResult::CantWriteIcc;
-        done += part.size();
-    }
-    return output.Commit() == FileStatus::Ok ? ImageResult::Ok : ImageResult::CantWriteIcc;
 }
 
 /// Rounded to nearest. A centimetre is 100 / 254 of an inch.
@@ -362,7 +279,8 @@ ImageResult ReadTifPage(const PositionalFile& file, ByteOrder order, std::uint64
 {
     page = TifPage{};
     page.order = order;
-    PageParser parser(file, order, iccFile, page);
+    const TifBytes bytes(file, order);
+    PageParser parser(bytes, iccFile, page);
     const ImageResult result = parser.ReadEntries(position);
     return result == ImageResult::Ok ? CheckTifPage(page, file.Size()) : result;
 }
