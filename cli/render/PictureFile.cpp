@@ -1,6 +1,7 @@
 #include "cli/render/PictureFile.h"
 
 #include "cli/Output.h"
+#include "cli/render/SvgDevice.h"
 #include "figures/LimitsCheck.h"
 #include "platform/AtomicFile.h"
 #include "viewers/adjustment/AdjustmentPage.h"
@@ -13,7 +14,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 
 #include <algorithm>
 #include <array>
@@ -68,19 +68,12 @@ bool DrawPng(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 
 bool DrawSvg(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 {
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    // One unit of the plot is one pixel of a browser.
-    constexpr int kBrowserDotsPerInch = 96;
-    generator.setResolution(kBrowserDotsPerInch);
-    generator.setSize(QSizeOf(settings.PlotSize()));
-    generator.setViewBox(QRect(QPoint(0, 0), generator.size()));
-    generator.setTitle(QString::fromStdString(drawing.title));
-    QPainter painter;
-    if (!painter.begin(&generator))
-        return false;
+    SvgDevice device(QSizeOf(settings.PlotSize()), QString::fromStdString(drawing.title));
+    QPainter painter(&device);
     drawing.drawPlot(painter);
-    return painter.end();
+    painter.end();
+    const QByteArray bytes = device.Bytes();
+    return buffer.write(bytes) == bytes.size();
 }
 
 QPageSize::PageSizeId PageSizeOf(PaperSize paper)

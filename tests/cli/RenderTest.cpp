@@ -135,6 +135,33 @@ TEST(Render, WritesTextAsTextInSvg)
     EXPECT_NE(svg.find(">B</text>"), std::string::npos) << "a camera's letter";
 }
 
+TEST(Render, DrawsInSvgWhatItDrawsInPng)
+{
+    if (!HasTool("rsvg-convert"))
+        GTEST_SKIP() << "needs librsvg2-bin";
+    const TempFolder folder;
+    const std::vector<std::string> options{"--size", "800x300"};
+    const QImage png = Png(Render(folder, {}, "a.png", options));
+    const auto drawn = folder.Path() / "drawn.png";
+    const auto svg = Render(folder, {}, "a.svg", options);
+    ASSERT_EQ(RunTool("rsvg-convert", {Text(svg), "-o", Text(drawn)}).exitStatus, 0);
+    const auto blurred = [](const QImage& image) {
+        constexpr int kBlock = 10; // Fonts and thin lines differ by less than that.
+        return image.convertToFormat(QImage::Format_RGB32)
+            .scaled(image.size() / kBlock, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const QImage expected = blurred(png);
+    const QImage actual = blurred(Png(drawn));
+    ASSERT_EQ(actual.size(), expected.size());
+    for (int y = 0; y < actual.height(); ++y) {
+        for (int x = 0; x < actual.width(); ++x) {
+            const int difference =
+                actual.pixelColor(x, y).lightness() - expected.pixelColor(x, y).lightness();
+            EXPECT_LT(std::abs(difference), 60) << x << ' ' << y;
+        }
+    }
+}
+
 TEST(Render, PrintsAPageWithItsHeaderAsPdf)
 {
     if (!HasTool("pdftotext") || !HasTool("pdfinfo"))
