@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/DetachedWork.h"
+
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -15,11 +16,10 @@ public:
     void Start(std::vector<std::filesystem::path> files);
 
     /// Which of the files are missing, in their order, once all are checked; given once.
-    std::optional<std::vector<std::filesystem::path>> TakeMissing();
+    std::optional<std::vector<std::filesystem::path>> TakeMissing() { return m_work.TakeAnswer(); }
 
 private:
-    struct State;
-    std::shared_ptr<State> m_state;
+    DetachedWork<std::vector<std::filesystem::path>> m_work;
 };
 
 } // namespace vireo

@@ -6,11 +6,9 @@
 #include "platform/Path.h"
 #include "platform/PrivateProfile.h"
 
-#include <atomic>
 #include <exception>
 #include <stop_token>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 namespace vireo {
@@ -43,27 +41,18 @@ LimitsAnswer Check(
     return answer;
 }
 
-} // namespace
-
-/// Shared by the asker and the thread. `answer` is the thread's until `done` is set.
-struct ProgramLimits::Work {
-    std::filesystem::path limits;
-    LimitsQuestion question;
-    std::stop_source stop;
-    LimitsAnswer answer;
-    std::atomic<bool> done{false};
-
-    void Run()
-    {
-        // A file that needs more memory than there is leaves the viewer without a verdict only.
-        try {
-            answer = Check(limits, question, stop.get_token());
-        } catch (const std::exception& fault) {
-            answer = {{}, std::nullopt, fault.what()};
-        }
-        done.store(true, std::memory_order_release);
+/// A file that needs more memory than there is leaves the viewer without a verdict only.
+LimitsAnswer CheckSafely(
+    const std::filesystem::path& limits, const LimitsQuestion& question, std::stop_token stop)
+{
+    try {
+        return Check(limits, question, std::move(stop));
+    } catch (const std::exception& fault) {
+        return {{}, std::nullopt, fault.what()};
     }
-};
+}
+
+} // namespace
 
 ProgramLimits::ProgramLimits(std::filesystem::path settings) : m_settings(std::move(settings))
 {
@@ -72,21 +61,10 @@ ProgramLimits::ProgramLimits(std::filesystem::path settings) : m_settings(std::m
             PathFromUtf8(PrivateProfile(m_settings).ReadString(kSection, kFile, "", kLongestPath));
 }
 
-ProgramLimits::~ProgramLimits()
-{
-    GiveUp();
-}
-
-void ProgramLimits::GiveUp()
-{
-    if (m_work)
-        m_work->stop.request_stop();
-    m_work.reset();
-}
-
 void ProgramLimits::Choose(const std::filesystem::path& limits)
 {
-    GiveUp();
+    m_work.GiveUp();
+    m_failure.reset();
     m_chosen = limits;
     if (m_settings.empty())
         return;
@@ -102,23 +80,17 @@ void ProgramLimits::Choose(const std::filesystem::path& limits)
 
 void ProgramLimits::Ask(const LimitsQuestion& question)
 {
-    GiveUp();
-    m_work = std::make_shared<Work>();
-    m_work->limits = m_chosen;
-    m_work->question = question;
-    try {
-        std::thread([work = m_work] { work->Run(); }).detach();
-    } catch (const std::system_error&) {
-        m_work->answer.failure = "Not enough memory";
-        m_work->done = true;
-    }
+    const bool hasThread = m_work.Start([limits = m_chosen, question](std::stop_token stop) {
+        return CheckSafely(limits, question, std::move(stop));
+    });
+    m_failure.reset();
+    if (!hasThread)
+        m_failure = LimitsAnswer{{}, std::nullopt, "Not enough memory"};
 }
 
 std::optional<LimitsAnswer> ProgramLimits::TakeAnswer()
 {
-    if (!m_work || !m_work->done.load(std::memory_order_acquire))
-        return std::nullopt;
-    return std::move(std::exchange(m_work, nullptr)->answer);
+    return m_failure ? std::exchange(m_failure, std::nullopt) : m_work.TakeAnswer();
 }
 
 } // namespace vireo
