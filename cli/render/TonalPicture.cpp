@@ -58,6 +58,8 @@ std::string RenderTonal(const Subject& subject, const Settings& settings)
         return data.DescribeFailure(result);
     TonalPlotContent content;
     content.data = &data;
+    const std::vector<Limit> limits = LimitsToMark(subject, settings);
+    content.limits = limits;
     const int view = settings.view.value_or(0);
     if (view >= kTonalViews)
         return "A tonal resolution has the views 0 to " + std::to_string(kTonalViews - 1);

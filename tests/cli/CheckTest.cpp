@@ -174,15 +174,18 @@ TEST(Check, RenderMarksTheLimits)
     const struct {
         const char* sample;
         const char* label;
+        const char* view = "0";
     } cases[] = {{"oscilloscope-color.con", "max &lt;= 242"}, {"noise-gray.con", "green &gt;= 190"},
-        {"startest-sweeps.con", "X-vib max &lt;= 2.5"}};
+        {"startest-sweeps.con", "X-vib max &lt;= 2.5"},
+        {"tonal-resolution.con", "max_dark_deviation &lt;= 2", "1"},
+        {"tonal-resolution.con", "scanner_dynamic_range &gt;= 2.2", "2"}};
     for (const auto& row : cases) {
-        const std::string sample = Text(kSamples / row.sample);
-        EXPECT_EQ(RunCli({"render", sample, "-o", Text(picture)}).exitStatus, 0);
+        std::vector<std::string> arguments{
+            "render", Text(kSamples / row.sample), "-o", Text(picture), "--view", row.view};
+        EXPECT_EQ(RunCli(arguments).exitStatus, 0);
         EXPECT_EQ(TempFolder::Read(picture).find(row.label), std::string::npos) << row.sample;
-        EXPECT_EQ(RunCli({"render", sample, "-o", Text(picture), "--limits", Text(kFinalTest)})
-                      .exitStatus,
-            0);
+        arguments.insert(arguments.end(), {"--limits", Text(kFinalTest)});
+        EXPECT_EQ(RunCli(arguments).exitStatus, 0);
         EXPECT_NE(TempFolder::Read(picture).find(row.label), std::string::npos) << row.sample;
     }
 }

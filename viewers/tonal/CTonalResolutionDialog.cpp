@@ -203,6 +203,11 @@ void CTonalResolutionDialog::ShowFile()
     CheckLimits();
 }
 
+void CTonalResolutionDialog::ShowLimits(const std::vector<Limit>& limits)
+{
+    m_ui->plot->SetLimits(limits);
+}
+
 void CTonalResolutionDialog::ShowNotice(const std::string& text)
 {
     m_ui->noticeText->setText(QStringFromText(text));

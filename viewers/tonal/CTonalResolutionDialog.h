@@ -36,6 +36,7 @@ protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
     std::filesystem::path ShownFile() const override;
+    void ShowLimits(const std::vector<Limit>& limits) override;
 
 private:
     void SetUpControls();

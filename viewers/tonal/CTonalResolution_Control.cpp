@@ -46,6 +46,13 @@ void CTonalResolution_Control::SetLoading(bool isLoading)
     Redraw();
 }
 
+void CTonalResolution_Control::SetLimits(std::vector<Limit> limits)
+{
+    m_limits = std::move(limits);
+    m_content.limits = m_limits;
+    Redraw();
+}
+
 QImage CTonalResolution_Control::Picture(double ratio)
 {
     const QSize size(ClientWidth(), ClientHeight());

@@ -6,6 +6,7 @@
 #include <QImage>
 
 #include <optional>
+#include <vector>
 
 namespace vireo {
 
@@ -26,6 +27,8 @@ public:
     void SetFlag(TonalFlag flag, bool isShown);
     /// While a file is being loaded the plot only asks for patience.
     void SetLoading(bool isLoading);
+    /// The limits of the figures of the record.
+    void SetLimits(std::vector<Limit> limits);
 
     const TonalPlotContent& Content() const { return m_content; }
 
@@ -45,6 +48,7 @@ private:
     void Point(std::optional<std::size_t> patch);
     void PointBeside(int step);
 
+    std::vector<Limit> m_limits;
     TonalPlotContent m_content;
 };
 

@@ -8,6 +8,7 @@
 #include "viewers/controls/Symbols.h"
 #include "viewers/tonal/TonalCanvas.h"
 #include "viewers/tonal/TonalFileText.h"
+#include "viewers/tonal/TonalLimits.h"
 
 #include <QPainter>
 
@@ -58,6 +59,7 @@ public:
             DrawRange();
         else
             DrawChannels();
+        DrawLimits();
         m_painter.restore();
     }
 
@@ -230,6 +232,38 @@ private:
             Format("scanner %.2f of the target's %.2f", m_data.m_dScannerDynamicRange,
                 m_data.m_dIT8DynamicRange),
             Align::Right, kLimitInk);
+    }
+
+    void DrawLimits()
+    {
+        for (const TonalLimitMark& mark :
+            TonalLimitMarks(m_data, m_content.view, m_content.limits)) {
+            const double y = m_scale.YAt(mark.level.value);
+            // Not of a value that is no number, either.
+            if (!(y >= m_area.top() && y <= m_area.bottom()))
+                continue;
+            m_furniture.DrawLine(m_scale.XAt(mark.fromLightness), y, m_scale.XAt(mark.toLightness),
+                y, PlotColour::kLimit, LineStyle::Dashed);
+            if (!mark.level.label.empty())
+                DrawLimitText(mark, y);
+        }
+    }
+
+    /// At the outer end of a mark that ends at the border of the dark; else between the texts of
+    /// the scanner's own limits, where the curve is far away.
+    void DrawLimitText(const TonalLimitMark& mark, double y)
+    {
+        constexpr double kBetween = 33.0;
+        double x = m_scale.XAt(kBetween);
+        Align align = Align::Centre;
+        if (mark.toLightness <= TonalDarkLightness()) {
+            x = m_area.left() + 3.0 * kGap;
+            align = Align::Left;
+        } else if (mark.fromLightness >= TonalDarkLightness()) {
+            x = m_area.right() - 3.0 * kGap;
+            align = Align::Right;
+        }
+        m_furniture.DrawBoxedText(x, y - kGap, mark.level.label, align, PlotColour::kLimit);
     }
 
     TonalCanvas& m_canvas;

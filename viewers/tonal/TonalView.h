@@ -1,5 +1,6 @@
 #pragma once
 
+#include "limits/LimitsFile.h"
 #include "viewers/controls/AxisTicks.h"
 #include "viewers/controls/ProfileView.h"
 #include "viewers/tonal/TonalResolutionData.h"
@@ -7,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +48,7 @@ struct TonalPlotContent {
     std::array<bool, kTonalFlags> flags{true, true, true, true, true, true};
     bool isLoading = false;
     std::optional<std::size_t> pointed; ///< The patch whose values are shown.
+    std::span<const Limit> limits = {}; ///< Of the file's figures, see TonalLimitMarks. Not owned.
 
     bool HasData() const { return data && data->IsLoaded() && !isLoading; }
     bool Shows(std::size_t flag) const { return flags[flag]; }

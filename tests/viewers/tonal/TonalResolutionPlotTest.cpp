@@ -106,6 +106,31 @@ TEST_F(TonalResolutionPlotTest, ACrossStandsAtEachPatchOfEachChannel)
     EXPECT_EQ(CountAll(Draw(), QColor(0, 0, 255)), 0);
 }
 
+TEST_F(TonalResolutionPlotTest, LimitsLieOverTheLightnessesThatTheyAreAbout)
+{
+    ReadSample("tonal-resolution.con");
+    LimitsFile file;
+    ASSERT_FALSE(file.Parse("[tonal-resolution]\nmax_dark_deviation <= 4\n"
+                            "max_light_deviation <= 7\nscanner_dynamic_range >= 3.1\n"));
+    content.limits = file.Sections().front().limits;
+    const QColor violet(140, 0, 160);
+    content.view = TonalView::Difference;
+    const QImage difference = Draw();
+    for (const double sign : {-1.0, 1.0}) {
+        EXPECT_GT(Count(difference, violet, 14.0, 4.0 * sign), 0);
+        EXPECT_EQ(Count(difference, violet, 60.0, 4.0 * sign), 0);
+        EXPECT_GT(Count(difference, violet, 60.0, 7.0 * sign), 0);
+        EXPECT_EQ(Count(difference, violet, 14.0, 7.0 * sign), 0);
+    }
+    // GS00, the light limit, has the density 0.10.
+    content.view = TonalView::DynamicRange;
+    const QImage range = Draw();
+    EXPECT_GT(Count(range, violet, 80.0, 3.2), 0);
+    EXPECT_EQ(Count(range, violet, 80.0, 3.1), 0);
+    content.view = TonalView::BestFit;
+    EXPECT_EQ(CountAll(Draw(), violet), 0);
+}
+
 TEST_F(TonalResolutionPlotTest, FittedLinesRunFromEndToEnd)
 {
     ReadSample("tonal-resolution-shadows.con");
