@@ -18,6 +18,14 @@ QByteArray Number(double value)
     return QByteArray::number(value, 'g', kDigits);
 }
 
+/// What XML 1.0 takes in no form. (Halves of surrogate pairs, which it does not take alone, are
+/// replaced where the text becomes UTF-8.)
+bool IsForbidden(QChar character)
+{
+    const char16_t code = character.unicode();
+    return (code < u' ' && code != u'\t' && code != u'\n' && code != u'\r') || code >= 0xfffe;
+}
+
 } // namespace
 
 QByteArray Attribute(const char* name, const QByteArray& value)
@@ -32,7 +40,9 @@ QByteArray Attribute(const char* name, double value)
 
 QByteArray Escaped(const QString& text)
 {
-    return text.toHtmlEscaped().toUtf8();
+    QString allowed = text;
+    std::ranges::replace_if(allowed, IsForbidden, QChar(QChar::ReplacementCharacter));
+    return allowed.toHtmlEscaped().toUtf8();
 }
 
 QByteArray Paint(const char* name, const QColor& colour, double opacity)

@@ -20,7 +20,8 @@ QByteArray Attribute(const char* name, const QByteArray& value);
 /// A number to seven digits.
 QByteArray Attribute(const char* name, double value);
 
-/// A text as it stands between tags or within quotes.
+/// A text as it stands between tags or within quotes; characters that XML does not take become
+/// U+FFFD.
 QByteArray Escaped(const QString& text);
 
 /// A colour as what the attribute "fill" or "stroke" paints with, and how opaque that is (0 to 1).

@@ -135,6 +135,16 @@ TEST(Render, WritesTextAsTextInSvg)
     EXPECT_NE(svg.find(">B</text>"), std::string::npos) << "a camera's letter";
 }
 
+TEST(Render, SvgStaysXmlWhateverAFileIsCalled)
+{
+    const TempFolder folder;
+    const auto odd = folder.Write("a\x01<&>.con", ScanFile().Bytes());
+    const auto picture = folder.Path() / "a.svg";
+    ASSERT_EQ(RunCli({"render", Text(odd), "-o", Text(picture)}).exitStatus, 0);
+    EXPECT_NE(TempFolder::Read(picture).find("<title>a\xEF\xBF\xBD&lt;&amp;&gt;.con</title>"),
+        std::string::npos);
+}
+
 TEST(Render, DrawsInSvgWhatItDrawsInPng)
 {
     if (!HasTool("rsvg-convert"))
