@@ -141,7 +141,7 @@ TEST(Render, SvgStaysXmlWhateverAFileIsCalled)
     const auto odd = folder.Write("a\x01<&>.con", ScanFile().Bytes());
     const auto picture = folder.Path() / "a.svg";
     ASSERT_EQ(RunCli({"render", Text(odd), "-o", Text(picture)}).exitStatus, 0);
-    EXPECT_NE(TempFolder::Read(picture).find("<title>a\xEF\xBF\xBD&lt;&amp;&gt;.con</title>"),
+    EXPECT_NE(TempFolder::Read(picture).find("/a\xEF\xBF\xBD&lt;&amp;&gt;.con</title>"),
         std::string::npos);
 }
 
