@@ -51,7 +51,8 @@ private:
 /// PackBits (compression 32773): runs and literals, each within one row.
 class CTIFReader::CDecoderPackbit : public CDecoder {
 public:
-    CDecoderPackbit(std::size_t bytesPerRow, TifStream& stream);
+    /// The bits of all that is decoded may be turned over at once.
+    CDecoderPackbit(std::size_t bytesPerRow, TifStream& stream, bool flipsBits = false);
 
     ImageResult DecodeLine(std::uint8_t* row) override;
 
@@ -59,6 +60,9 @@ private:
     std::size_t DecodeDirectly(std::span<std::uint8_t> row);
     std::size_t DecodePiece(std::size_t left, ImageResult& result);
 
+    std::uint8_t Flip() const { return m_flipsBits ? 0xff : 0; }
+
+    bool m_flipsBits;
     std::unique_ptr<std::uint8_t[]> m_piece;
 };
 

@@ -120,6 +120,12 @@ ImageResult CTIFReader::TakePage(
     return ImageResult::Ok;
 }
 
+/// Whether the page's 0 bits are white; those of rows are black.
+bool CTIFReader::IsWhiteZero() const
+{
+    return m_eDepth == ColorDepth::Bilevel && m_Page.photometric == TifPage::kWhiteIsZero;
+}
+
 void CTIFReader::MakeDecoder()
 {
     switch (m_Page.compression) {
@@ -127,7 +133,7 @@ void CTIFReader::MakeDecoder()
         m_ptrDecoder = std::make_unique<CDecoderNone>(m_uRowBytes, m_Stream);
         break;
     case TifCompression::kPackBits:
-        m_ptrDecoder = std::make_unique<CDecoderPackbit>(m_uRowBytes, m_Stream);
+        m_ptrDecoder = std::make_unique<CDecoderPackbit>(m_uRowBytes, m_Stream, IsWhiteZero());
         break;
     case TifCompression::kLzw:
         m_ptrDecoder = std::make_unique<CDecoderLZW>(m_uRowBytes, m_Stream);
@@ -206,9 +212,11 @@ ImageResult CTIFReader::FinishRow(std::uint8_t* row, ImageResult result) const
         if (m_eDepth == ColorDepth::Bilevel)
             result = ImageResult::UnsupportedTifFormat;
     }
-    // The Huffman decoder makes white of 1 bits whatever the page says.
-    const bool isCcitt = TifCompression::IsCcitt(m_Page.compression);
-    if (m_eDepth == ColorDepth::Bilevel && m_Page.photometric == TifPage::kWhiteIsZero && !isCcitt)
+    // The PackBits decoder has turned its bits over already; the Huffman decoder makes white of 1
+    // bits whatever the page says.
+    const bool isTurned = m_Page.compression == TifCompression::kPackBits
+        || TifCompression::IsCcitt(m_Page.compression);
+    if (IsWhiteZero() && !isTurned)
         Invert(row, m_uRowBytes);
     return result;
 }

@@ -60,6 +60,7 @@ private:
     ImageResult WalkPages(ByteOrder order, const std::filesystem::path& iccFile);
     ImageResult TakePage(
         ByteOrder order, std::uint64_t& position, const std::filesystem::path& iccFile);
+    bool IsWhiteZero() const;
     void MakeDecoder();
     void CloseFile();
     void ForgetPage();

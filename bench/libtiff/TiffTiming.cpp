@@ -5,7 +5,8 @@
 //   tiff-timing decode FILE REPEAT
 //   tiff-timing encode FILE COMPRESSION PREDICTOR REPEAT OUT [ROWS-PER-STRIP]
 //
-// COMPRESSION: none, huffman, g4, lzw, packbits. Rows per strip: all rows unless given. Prints the
+// COMPRESSION: none, huffman, g4, lzw, packbits. Rows per strip: all rows unless given; "default"
+// for as many as libtiff's own tools put into one. Prints the
 // median of the seconds taken and the bytes of pixels. One run warms up and is not counted.
 
 #include <algorithm>
@@ -21,6 +22,8 @@
 #include <vector>
 
 namespace {
+
+constexpr std::uint32_t kDefaultRows = 0; ///< Rows per strip that libtiff is asked for.
 
 struct Picture {
     std::uint32_t width = 0;
@@ -86,8 +89,9 @@ void Encode(const char* file, Picture& picture, const std::string& compression,
     TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, picture.samples);
     TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, picture.photometric);
-    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, rowsPerStrip);
     TIFFSetField(tiff, TIFFTAG_COMPRESSION, CompressionCode(compression));
+    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP,
+        rowsPerStrip == kDefaultRows ? TIFFDefaultStripSize(tiff, 0) : rowsPerStrip);
     if (predictor != 1)
         TIFFSetField(tiff, TIFFTAG_PREDICTOR, predictor);
     std::vector<std::uint8_t> row(picture.rowBytes);
@@ -128,8 +132,9 @@ int main(int argc, char** argv)
     } else if (command == "encode" && (argc == 7 || argc == 8)) {
         Decode(argv[2], picture);
         const auto predictor = static_cast<std::uint16_t>(std::atoi(argv[4]));
-        const std::uint32_t rowsPerStrip =
-            argc == 8 ? static_cast<std::uint32_t>(std::atoi(argv[7])) : picture.height;
+        const std::uint32_t rowsPerStrip = argc == 7 ? picture.height
+            : std::strcmp(argv[7], "default") == 0   ? kDefaultRows
+                                                   : static_cast<std::uint32_t>(std::atoi(argv[7]));
         PrintMedian(std::atoi(argv[5]), picture.pixels.size(),
             [&] { Encode(argv[6], picture, argv[3], predictor, rowsPerStrip); });
     } else {

@@ -34,10 +34,10 @@ constexpr std::size_t SmallWindow(std::uint16_t compression)
 }
 
 /// Decodes rows of one strip from bytes in memory. Line buffers are filled with `fill` first. The
-/// width is in pixels of one bit.
+/// width is in pixels of one bit. PackBits can turn all bits over.
 inline std::vector<DecodedRow> DecodeRows(std::uint16_t compression, std::uint32_t width,
     const std::string& strip, std::size_t rows, std::size_t window = TifStream::kWindowBytes,
-    char fill = 'z')
+    char fill = 'z', bool flipsBits = false)
 {
     TifStream stream(
         [&strip](std::uint64_t offset, std::span<std::uint8_t> into) {
@@ -50,7 +50,7 @@ inline std::vector<DecodedRow> DecodeRows(std::uint16_t compression, std::uint32
     const std::size_t rowBytes = (width + 7) / 8;
     std::unique_ptr<CTIFReader::CDecoder> decoder;
     if (compression == TifCompression::kPackBits)
-        decoder = std::make_unique<CTIFReader::CDecoderPackbit>(rowBytes, stream);
+        decoder = std::make_unique<CTIFReader::CDecoderPackbit>(rowBytes, stream, flipsBits);
     else if (compression == TifCompression::kLzw)
         decoder = std::make_unique<CTIFReader::CDecoderLZW>(rowBytes, stream);
     else

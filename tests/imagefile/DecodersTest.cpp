@@ -218,6 +218,10 @@ TEST(Decoders, PackBitsChunksOfEveryLengthAnywhereInARow)
         const std::string strips = strip + strip + strip;
         EXPECT_EQ(DecodeRows(kPack, width, strips, 3), expected);
         EXPECT_EQ(DecodeRows(kPack, width, strips, 3, SmallWindow(kPack)), expected);
+        for (char& byte : row)
+            byte = static_cast<char>(~byte);
+        const std::vector<DecodedRow> turned{{row, kOk}, {row, kOk}, {row, kOk}};
+        EXPECT_EQ(DecodeRows(kPack, width, strips, 3, TifStream::kWindowBytes, 'z', true), turned);
     }
 }
 
