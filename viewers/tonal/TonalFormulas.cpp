@@ -13,6 +13,24 @@ constexpr double kDarkestLinear = 0.008856;
 constexpr double kDarkestLightness = 7.9996248;
 constexpr double kDarkSlope = 903.3;
 
+// C libraries differ in the last digit of these. Worked out wider and then rounded they do not, and
+// a file has the same figures on every system.
+
+double Power(double base, double exponent)
+{
+    return static_cast<double>(std::pow(static_cast<long double>(base), exponent));
+}
+
+double Log10(double value)
+{
+    return static_cast<double>(std::log10(static_cast<long double>(value)));
+}
+
+double Log2(double value)
+{
+    return static_cast<double>(std::log2(static_cast<long double>(value)));
+}
+
 } // namespace
 
 double FiniteOrZero(double value)
@@ -27,19 +45,18 @@ double Quotient(double numerator, double denominator)
 
 double LightnessOfLinear(double linear)
 {
-    return linear > kDarkestLinear ? 116.0 * std::pow(linear, 1.0 / 3.0) - 16.0
-                                   : kDarkSlope * linear;
+    return linear > kDarkestLinear ? 116.0 * Power(linear, 1.0 / 3.0) - 16.0 : kDarkSlope * linear;
 }
 
 double LinearOfLightness(double lightness)
 {
-    return lightness > kDarkestLightness ? std::pow((lightness + 16.0) / 116.0, 3.0)
+    return lightness > kDarkestLightness ? Power((lightness + 16.0) / 116.0, 3.0)
                                          : lightness / kDarkSlope;
 }
 
 double DensityOfLightness(double lightness)
 {
-    return -std::log10(LinearOfLightness(lightness));
+    return -Log10(LinearOfLightness(lightness));
 }
 
 double ScanValue(double mean)
@@ -47,7 +64,7 @@ double ScanValue(double mean)
     constexpr double kFullScale = 255.0;
     constexpr double kGamma = 2.2;
     constexpr double kPerLightness = 2.55;
-    return FiniteOrZero(kPerLightness * LightnessOfLinear(std::pow(mean / kFullScale, kGamma)));
+    return FiniteOrZero(kPerLightness * LightnessOfLinear(Power(mean / kFullScale, kGamma)));
 }
 
 LineFit FitLine(std::span<const double> x, std::span<const double> y)
@@ -83,7 +100,7 @@ double NoiseFreeBits(std::int32_t count, std::int32_t sum, std::int32_t sumOfSqu
     const double total = sum;
     const double mean = Quotient(total, n);
     const double variance = Quotient(sumOfSquares - Quotient(total * total, n), n - 1.0);
-    return FiniteOrZero(std::log2(Quotient(mean, std::sqrt(variance))));
+    return FiniteOrZero(Log2(Quotient(mean, std::sqrt(variance))));
 }
 
 } // namespace vireo

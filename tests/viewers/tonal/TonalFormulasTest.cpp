@@ -26,6 +26,15 @@ TEST(TonalFormulas, LightnessIsThatOfTheCie)
     EXPECT_TRUE(std::isinf(DensityOfLightness(0.0)));
 }
 
+// Worked out to 60 digits and rounded once; several C libraries are one digit off at these.
+TEST(TonalFormulas, DensityIsRightToTheLastDigit)
+{
+    EXPECT_EQ(DensityOfLightness(91.5), 0.09914857492588305);
+    EXPECT_EQ(DensityOfLightness(87.47000122070312), 0.14893060504862965);
+    EXPECT_EQ(DensityOfLightness(83.44999694824219), 0.20055964528013442);
+    EXPECT_EQ(DensityOfLightness(59.29999923706055), 0.5629890522794664);
+}
+
 TEST(TonalFormulas, LightnessGoesThereAndBack)
 {
     for (double lightness = 0.0; lightness <= 100.0; lightness += 0.125) {
