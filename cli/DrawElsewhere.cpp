@@ -9,7 +9,7 @@ namespace vireo {
 
 namespace {
 
-constexpr const char* kDrawingProgram = "vireo-cli-draw";
+constexpr const char* kDrawingProgram = VIREO_DRAWING_PROGRAM;
 
 std::filesystem::path DrawingProgram()
 {

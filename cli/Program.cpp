@@ -3,6 +3,8 @@
 #include "cli/Command.h"
 #include "cli/CommandLineReader.h"
 #include "cli/Drawing.h"
+#include "platform/Console.h"
+#include "platform/FilePattern.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,7 +26,8 @@ int RunProgram(const std::vector<std::string>& arguments)
     app.footer("vireo-cli COMMAND --help tells the options of a command; behind -- every argument "
                "is a file. Exit status: 0 every file is done, 1 at least one file failed (the "
                "others are done), 2 bad usage.");
-    if (const auto exitStatus = ReadCommandLine(app, arguments))
+    if (const auto exitStatus = ReadCommandLine(
+            app, ShellExpandsPatterns() ? arguments : WithPatternsExpanded(arguments)))
         return *exitStatus;
     for (const Command& command : commands) {
         if (app.got_subcommand(command.name))

@@ -19,6 +19,9 @@ std::optional<std::string> WholeCommandLine();
 /// Lets standard output pass on bytes as they are, and a console show them as UTF-8.
 void SetUpStandardOutput();
 
+/// Whether the shells of this system replace names with * and ? by the files they stand for.
+bool ShellExpandsPatterns();
+
 /// Whether somebody reads standard error while the program runs.
 bool StandardErrorIsTerminal();
 

@@ -19,6 +19,11 @@ void SetUpStandardOutput()
     // Bytes pass unchanged, and terminals expect UTF-8.
 }
 
+bool ShellExpandsPatterns()
+{
+    return true;
+}
+
 bool StandardErrorIsTerminal()
 {
     return isatty(STDERR_FILENO) == 1;

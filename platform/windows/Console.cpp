@@ -36,6 +36,11 @@ void SetUpStandardOutput()
     SetConsoleOutputCP(CP_UTF8);
 }
 
+bool ShellExpandsPatterns()
+{
+    return false;
+}
+
 bool StandardErrorIsTerminal()
 {
     DWORD mode = 0;
