@@ -1,5 +1,6 @@
 #include "app/CViewerDlg.h"
 
+#include "app/AssociationCommand.h"
 #include "app/CommandLine.h"
 #include "app/DumpView.h"
 #include "app/FileMessage.h"
@@ -17,12 +18,9 @@
 #include "viewers/controls/QtText.h"
 
 #include <QAction>
-#include <QDragEnterEvent>
-#include <QMimeData>
+#include <QResizeEvent>
 #include <QTimerEvent>
-#include <QUrl>
 
-#include <optional>
 #include <utility>
 
 namespace vireo {
@@ -32,14 +30,9 @@ namespace {
 /// is asked for.
 constexpr int kRecentCheckMilliseconds = 100;
 
-/// The one file that is dragged; nothing for anything else.
-std::optional<std::filesystem::path> DroppedFile(const QMimeData& data)
-{
-    const QList<QUrl> urls = data.urls();
-    if (urls.size() != 1 || !urls.front().isLocalFile())
-        return std::nullopt;
-    return PathFromQString(urls.front().toLocalFile());
-}
+constexpr std::string_view kTooLong = "Its path has more than 256 characters, and no more are "
+                                      "taken when Vireo is started. Choose the "
+                                      "file with Open... or drop it on this window";
 } // namespace
 
 CViewerDlg::CViewerDlg(Setup setup, QWidget* parent)
@@ -51,7 +44,7 @@ CViewerDlg::CViewerDlg(Setup setup, QWidget* parent)
 {
     m_ui->setupUi(this);
     ShowHeading();
-    setAcceptDrops(true);
+    TakeDroppedFiles([this](const std::filesystem::path& file) { OpenAndStay(file); });
     ConnectCommands();
 }
 
@@ -90,11 +83,31 @@ void CViewerDlg::ConnectCommands()
     connect(&m_recentCheckTimer, &QTimer::timeout, this, &CViewerDlg::OnRecentCheck);
 }
 
+void CViewerDlg::AddAssociationCommand()
+{
+    if (!m_setup.association)
+        return;
+    m_associationAction =
+        MakeAction(tr("Open .con files with &Vireo"), {}, this, &CViewerDlg::OnAssociation);
+    m_associationAction->setCheckable(true);
+    m_associationAction->setChecked(IsAssociated(*m_setup.association));
+    AddToFileMenu(m_associationAction);
+}
+
+void CViewerDlg::OnAssociation()
+{
+    const std::string_view complaint = ToggleAssociation(*m_setup.association);
+    m_associationAction->setChecked(IsAssociated(*m_setup.association));
+    if (!complaint.empty())
+        ShowMessage(complaint, {}, MessageIcon::Information);
+}
+
 void CViewerDlg::SetFileToLoad(std::string_view txt)
 {
     Log_Msg("void CViewerDlg::SetFileToLoad(char* txt) Load File Name:");
     Log_Msg(Windows1252FromUtf8(txt));
     m_fileToLoad = CopyFileToLoad(txt);
+    m_bFileToLoadCut = IsTooLongToLoad(txt);
 }
 
 int CViewerDlg::DoModal()
@@ -111,6 +124,7 @@ void CViewerDlg::OnInitDialog()
         m_dispatchTimer = startTimer(kDispatchMilliseconds);
     setWindowTitle(QStringFromText(LoadStringResource(StringId::kApplicationTitle)));
     UseLimits(std::make_unique<ProgramLimits>(m_setup.scannerSettings));
+    AddAssociationCommand();
     ShowRecentFiles();
     ShowScannerChoice();
 }
@@ -163,7 +177,8 @@ void CViewerDlg::Dispatch(const std::filesystem::path& file, Afterwards afterwar
 {
     const DispatchPlan plan = m_setup.plan(file);
     if (!plan.refusal.empty()) {
-        ShowCannotOpen(file, plan.refusal);
+        const bool isCut = afterwards == Afterwards::End && m_bFileToLoadCut;
+        ShowCannotOpen(file, isCut ? kTooLong : plan.refusal);
         return;
     }
     bool opened = plan.isPackedDump && OpenPackedDump(file);
@@ -232,22 +247,6 @@ void CViewerDlg::OnOpen()
         AskForFileToOpen(this, question, files.empty() ? std::filesystem::path() : files.front());
     if (!file.empty())
         OpenAndStay(file);
-}
-
-void CViewerDlg::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (DroppedFile(*event->mimeData()))
-        event->acceptProposedAction();
-}
-
-void CViewerDlg::dropEvent(QDropEvent* event)
-{
-    const auto file = DroppedFile(*event->mimeData());
-    if (!file)
-        return;
-    event->acceptProposedAction();
-    // The program that the file comes from waits for the end of the drop, not of the viewer.
-    QTimer::singleShot(0, this, [this, file = *file] { OpenAndStay(file); });
 }
 
 void CViewerDlg::OnRemoveRecent(const std::filesystem::path& file)

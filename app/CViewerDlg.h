@@ -6,6 +6,7 @@
 #include "app/ShrunkWindow.h"
 #include "app/UnpackBeside.h"
 #include "app/ViewerTable.h"
+#include "platform/FileAssociation.h"
 #include "viewers/controls/CViewerDialog.h"
 
 #include <QTimer>
@@ -36,6 +37,7 @@ public:
         std::filesystem::path recentList;      ///< Where the recent files are kept; empty: nowhere.
         std::filesystem::path programFolder;   ///< Where the log goes; empty: cannot be told.
         std::filesystem::path scannerSettings; ///< Where scanner and limits are kept.
+        std::shared_ptr<FileAssociation> association; ///< Null: not this program's to choose.
         std::function<DispatchPlan(const std::filesystem::path& file)> plan = PlanDispatch;
         /// Unpacks a packed dump into its own folder, with its own messages; false: there is
         /// nothing to show.
@@ -69,8 +71,6 @@ protected:
     void OnInitDialog() override;
     void timerEvent(QTimerEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
 private:
     /// What becomes of the main dialog when a viewer has closed.
@@ -80,6 +80,8 @@ private:
     void ShowHeading();
     void ConnectCommands();
     void OnLauncher(std::string_view viewer);
+    void AddAssociationCommand();
+    void OnAssociation();
     void OnOpen();
     void OnRemoveRecent(const std::filesystem::path& file);
     void OnRecentCheck();
@@ -94,6 +96,7 @@ private:
     Setup m_setup;
     std::unique_ptr<Ui::CViewerDlg> m_ui;
     std::string m_fileToLoad;
+    bool m_bFileToLoadCut = false; ///< The name was longer.
     int m_dispatchTimer = 0;
     ShrunkWindow m_window;
     QSize m_normalSize;
@@ -101,6 +104,7 @@ private:
     FileCheck m_recentCheck;
     QTimer m_recentCheckTimer;
     bool m_bRecentCheckRuns = false;
+    QAction* m_associationAction = nullptr; ///< Null where there is no such choice.
 };
 
 } // namespace vireo

@@ -88,6 +88,12 @@ std::size_t EndOfCharacters(std::string_view text, std::size_t count)
 
 } // namespace
 
+bool IsTooLongToLoad(std::string_view text)
+{
+    const std::size_t end = EndOfCharacters(text, kFileToLoadCharacters);
+    return text.find_first_not_of('"', end) != std::string_view::npos;
+}
+
 std::string CopyFileToLoad(std::string_view text)
 {
     text = text.substr(0, EndOfCharacters(text, kFileToLoadCharacters));

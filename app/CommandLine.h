@@ -27,6 +27,9 @@ std::string RawCommandLine(const std::vector<std::string>& arguments);
 /// The longest file name that the main dialog takes, in characters of the text it is given.
 inline constexpr std::size_t kFileToLoadCharacters = 256;
 
+/// Whether a file name is longer than that, so that the end of it is lost.
+bool IsTooLongToLoad(std::string_view text);
+
 /// What the main dialog keeps of the file name it is given: the first kFileToLoadCharacters of it,
 /// up to a zero, without double quotes.
 std::string CopyFileToLoad(std::string_view text);

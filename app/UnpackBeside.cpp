@@ -4,6 +4,7 @@
 #include "platform/Log.h"
 #include "platform/Message.h"
 #include "platform/Path.h"
+#include "platform/Text.h"
 #include "platform/WorkPaths.h"
 #include "resources/StringTable.h"
 #include "testfile/DumpUnpacker.h"
@@ -46,7 +47,7 @@ void LogReport(const UnpackReport& report)
 
 bool UnpackBeside(const std::filesystem::path& dump, QWidget* parent)
 {
-    Log_Msg_Txt("Unpacking", MessageText(dump));
+    Log_Msg_Txt("Unpacking", Windows1252FromUtf8(ShownPath(dump)));
     const SettingsFolders settings = SystemSettingsFolders();
     RecordWorkPath(settings, FolderOf(dump));
 
@@ -63,8 +64,8 @@ bool UnpackBeside(const std::filesystem::path& dump, QWidget* parent)
     if (report.isCancelled)
         return false;
     if (!report.leftOut.empty())
-        ShowMessage("Not all of this dump could be unpacked:\n" + MessageText(dump) + "\n\n"
-            + ListLeftOut(report));
+        ShowMessageInUtf8("Not all of this dump could be unpacked:\n" + ShownPath(dump) + "\n\n"
+            + Utf8FromWindows1252(ListLeftOut(report)));
     return report.writtenCount > 0 || report.leftOut.empty();
 }
 

@@ -30,6 +30,7 @@ int RunViewerProgram(int argc, char** argv)
         setup.recentList = stateFolder / "recent-files.txt";
     setup.scannerSettings = ScannerSettingsFile();
     setup.programFolder = ProgramFolder();
+    setup.association = UserFileAssociation();
     CViewerApp app(std::move(commandLine), std::move(setup));
     app.InitInstance();
     SetMessageSink(nullptr);

@@ -1,9 +1,9 @@
 #include "app/ViewerTable.h"
 
 #include "app/FileKind.h"
-#include "app/FileMessage.h"
 #include "app/UnpackBeside.h"
 #include "platform/Message.h"
+#include "platform/Path.h"
 #include "viewers/controls/PictureMark.h"
 
 #include <algorithm>
@@ -84,8 +84,8 @@ void ViewerTable::ShowNoViewer(std::string_view viewer, const std::filesystem::p
 {
     std::string text = NoViewerText(viewer);
     if (!file.empty())
-        text += "\n\n" + MessageText(file);
-    ShowMessage(text, {}, MessageIcon::Information);
+        text += "\n\n" + ShownPath(file);
+    ShowMessageInUtf8(text, MessageIcon::Information);
 }
 
 const ViewerTable::Row* ViewerTable::Find(std::string_view viewer) const

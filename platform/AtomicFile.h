@@ -72,6 +72,9 @@ private:
 #endif
 };
 
+/// Removes a file; one that other programs keep open stays (Windows).
+FileStatus RemoveFile(const std::filesystem::path& path);
+
 /// Replaces `target` by a file that holds `content`, completely or not at all.
 FileStatus WriteFileAtomically(const std::filesystem::path& target, std::string_view content);
 

@@ -16,7 +16,8 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 /// systems that keep its arguments only.
 std::optional<std::string> WholeCommandLine();
 
-/// Lets standard output pass on bytes as they are, and a console show them as UTF-8.
+/// Lets standard output and standard error pass on bytes as they are, and a console show them as
+/// UTF-8 until the program ends.
 void SetUpStandardOutput();
 
 /// Whether the shells of this system replace names with * and ? by the files they stand for.

@@ -5,6 +5,7 @@
 #include "platform/Path.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <mutex>
 #include <system_error>
@@ -26,6 +27,7 @@ struct LogTarget {
     std::filesystem::path path;
     std::vector<std::string> pending;
     std::size_t droppedLines = 0;
+    std::uint64_t room = 0; ///< How many bytes are written before the log is opened anew.
 };
 
 LogTarget& Target()
@@ -34,12 +36,37 @@ LogTarget& Target()
     return target;
 }
 
+/// Opens the log at the target's path, a new one where the one that is there has no room for so
+/// many bytes. Another program may have made the new one already: what counts is the file's size.
+bool OpenWithRoom(LogTarget& target, std::uint64_t bytes)
+{
+    target.file.Close();
+    std::error_code error;
+    std::uint64_t size = std::filesystem::file_size(target.path, error);
+    if (!error && size + bytes > kLargestLog) {
+        std::filesystem::path old = target.path;
+        old.replace_extension(".old").concat(target.path.extension().native());
+        std::filesystem::rename(target.path, old, error);
+        size = 0; // A folder that forbids it is asked again much later.
+    }
+    target.room = kLargestLog - (error ? 0 : std::min(size, kLargestLog));
+    return target.file.Open(target.path);
+}
+
+void Append(LogTarget& target, std::string_view line)
+{
+    if (line.size() > target.room)
+        OpenWithRoom(target, line.size());
+    target.room -= std::min<std::uint64_t>(line.size(), target.room);
+    target.file.Append(line);
+}
+
 bool OpenIn(LogTarget& target, const std::filesystem::path& folder, const std::string& name)
 {
     if (folder.empty())
         return false;
     target.path = folder / PathFromUtf8(name);
-    return target.file.Open(target.path);
+    return OpenWithRoom(target, 1);
 }
 
 bool OpenInStateFolder(LogTarget& target, const std::string& name)
@@ -63,9 +90,9 @@ std::string TimestampedLine(std::string_view message)
 void WritePendingLines(LogTarget& target)
 {
     for (const std::string& line : target.pending)
-        target.file.Append(line);
+        Append(target, line);
     if (target.droppedLines > 0) {
-        target.file.Append(
+        Append(target,
             TimestampedLine(Format("%zu more early messages were not kept", target.droppedLines)));
     }
 }
@@ -110,7 +137,7 @@ void Log_Msg(std::string_view message)
     LogTarget& target = Target();
     const std::lock_guard lock(target.mutex);
     if (target.state == LogState::Open)
-        target.file.Append(TimestampedLine(message));
+        Append(target, TimestampedLine(message));
     else if (target.state == LogState::BeforeInit && target.pending.size() < kMostPendingLines)
         target.pending.push_back(TimestampedLine(message));
     else if (target.state == LogState::BeforeInit)

@@ -12,8 +12,15 @@ namespace vireo {
 /// that several running viewers never garble each other's lines. All functions may be called from
 /// any thread. Text is 8-bit Windows-1252; line ends inside a message become blanks.
 ///
+/// A log that has grown to kLargestLog gets ".old" before its extension, "Vireo.old.log", in place
+/// of the one that had that name before, and a new one begins: neither grows without end, and what
+/// happened last is always there.
+///
 /// Lines logged before log_Init are kept (the first 1,000) and written when it comes; a program
 /// that never calls it writes no log.
+
+/// In bytes: some 40,000 lines, the work of weeks.
+inline constexpr std::uint64_t kLargestLog = std::uint64_t{4} << 20;
 
 /// Opens "<programName><extension>" in `folder`, or in the user's state folder (created when
 /// missing) when `folder` is not writable. Returns false when neither can be written; messages are

@@ -12,20 +12,30 @@ MessageSink* currentSink = nullptr;
 
 void PrintMessage(std::string_view text, std::string_view caption)
 {
-    std::string line = Utf8FromWindows1252(text) + '\n';
+    std::string line = std::string(text) + '\n';
     if (!caption.empty())
-        line.insert(0, Utf8FromWindows1252(caption) + ": ");
+        line.insert(0, std::string(caption) + ": ");
     std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+void Show(std::string_view text, std::string_view caption, MessageIcon icon)
+{
+    if (currentSink != nullptr)
+        currentSink->ShowMessage(text, caption, icon);
+    else
+        PrintMessage(text, caption);
 }
 
 } // namespace
 
 void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon)
 {
-    if (currentSink != nullptr)
-        currentSink->ShowMessage(text, caption, icon);
-    else
-        PrintMessage(text, caption);
+    Show(Utf8FromWindows1252(text), Utf8FromWindows1252(caption), icon);
+}
+
+void ShowMessageInUtf8(std::string_view text, MessageIcon icon)
+{
+    Show(text, {}, icon);
 }
 
 MessageSink* SetMessageSink(MessageSink* sink)

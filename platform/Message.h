@@ -14,6 +14,7 @@ enum class MessageIcon { None, Information, Exclamation, Stop };
 class MessageSink {
 public:
     virtual ~MessageSink() = default;
+    /// Text and caption are UTF-8.
     virtual void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon) = 0;
 };
 
@@ -22,6 +23,9 @@ public:
 /// the message goes to standard error. Called on the user-interface thread only.
 void ShowMessage(std::string_view text, std::string_view caption = {},
     MessageIcon icon = MessageIcon::Exclamation);
+/// The same with text in UTF-8, for messages that name a file: names hold characters that no code
+/// page has.
+void ShowMessageInUtf8(std::string_view text, MessageIcon icon = MessageIcon::Exclamation);
 
 /// Sets the program's sink, which must outlive its use; returns the one before (null at first).
 MessageSink* SetMessageSink(MessageSink* sink);
@@ -36,6 +40,7 @@ public:
 
     void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon) override;
 
+    /// As the sink gets it, in UTF-8.
     struct Message {
         std::string text;
         std::string caption;

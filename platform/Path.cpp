@@ -2,6 +2,11 @@
 
 namespace vireo {
 
+std::string ShownPath(std::filesystem::path path)
+{
+    return Utf8FromPath(path.make_preferred());
+}
+
 std::filesystem::path FolderOf(const std::filesystem::path& file)
 {
     return file.has_parent_path() ? file.parent_path() : ".";

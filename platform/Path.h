@@ -11,6 +11,9 @@ namespace vireo {
 std::filesystem::path PathFromUtf8(std::string_view utf8);
 std::string Utf8FromPath(const std::filesystem::path& path);
 
+/// A path as messages show it: UTF-8 with the system's separators.
+std::string ShownPath(std::filesystem::path path);
+
 /// The folder that holds a file; "." for a bare name.
 std::filesystem::path FolderOf(const std::filesystem::path& file);
 

@@ -13,6 +13,8 @@ std::string_view Describe(FileStatus status)
         return "Permission denied";
     case FileStatus::IsFolder:
         return "Is a folder";
+    case FileStatus::NotAFile:
+        return "Is a device or a pipe, not a file";
     case FileStatus::SharingViolation:
         return "In use by another program";
     case FileStatus::DiskFull:

@@ -12,6 +12,7 @@ namespace vireo {
 /// What came of opening, reading or writing a file.
 enum class [[nodiscard]] FileStatus{
     Ok, NotFound, AccessDenied, IsFolder,
+    NotAFile,         ///< A device or a pipe, which has no positions to read at.
     SharingViolation, ///< Another program holds the file in a way that excludes us (Windows).
     DiskFull,
     TooLarge, ///< Larger than the caller is willing to hold.
@@ -36,7 +37,8 @@ public:
     enum class Sharing { ReadersAndWriters, ReadersOnly };
 
     /// Opens an existing regular file for reading; a file open before is closed first. Pipes and
-    /// devices give Failed: they have no positions.
+    /// devices give NotAFile. On Windows that goes for the device names ("CON", "NUL") too, and a
+    /// path may be longer than the 260 characters of old.
     FileStatus Open(
         const std::filesystem::path& path, Sharing sharing = Sharing::ReadersAndWriters);
     void Close();

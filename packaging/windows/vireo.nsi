@@ -142,6 +142,7 @@ Section Uninstall
   RMDir /r "$INSTDIR\samples"
   Delete "$INSTDIR\Vireo.log"
   Delete "$INSTDIR\Vireo.old.log"
+  Delete "$INSTDIR\Vireo.old.log"
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
 
@@ -161,6 +162,7 @@ Section Uninstall
     Delete "$APPDATA\Vireo\Vireo.ini"
     Delete "$LOCALAPPDATA\Vireo\recent-files.txt"
     Delete "$LOCALAPPDATA\Vireo\Vireo.log"
+    Delete "$LOCALAPPDATA\Vireo\Vireo.old.log"
     Delete "$LOCALAPPDATA\Vireo\Vireo.old.log"
     RMDir "$APPDATA\Vireo"
     RMDir "$LOCALAPPDATA\Vireo"

@@ -183,4 +183,11 @@ void AtomicFile::Discard()
     m_status = FileStatus::Failed;
 }
 
+FileStatus RemoveFile(const std::filesystem::path& path)
+{
+    if (HoldsZeroByte(path))
+        return FileStatus::NotFound;
+    return unlink(path.c_str()) == 0 ? FileStatus::Ok : StatusFromError(errno);
+}
+
 } // namespace vireo

@@ -43,10 +43,13 @@ FileStatus PositionalFile::Open(const std::filesystem::path& path, Sharing)
         return StatusFromError(errno);
 
     struct stat information = {};
-    const bool known = fstat(m_descriptor, &information) == 0;
-    if (!known || !S_ISREG(information.st_mode)) {
+    if (fstat(m_descriptor, &information) != 0) {
         Close();
-        return known && S_ISDIR(information.st_mode) ? FileStatus::IsFolder : FileStatus::Failed;
+        return FileStatus::Failed;
+    }
+    if (!S_ISREG(information.st_mode)) {
+        Close();
+        return S_ISDIR(information.st_mode) ? FileStatus::IsFolder : FileStatus::NotAFile;
     }
     m_size = static_cast<std::uint64_t>(information.st_size);
     return FileStatus::Ok;

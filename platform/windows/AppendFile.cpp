@@ -1,5 +1,7 @@
 #include "platform/AppendFile.h"
 
+#include "platform/windows/SystemPath.h"
+
 #include <windows.h>
 
 namespace vireo {
@@ -9,9 +11,10 @@ bool AppendFile::Open(const std::filesystem::path& path)
     Close();
     // With FILE_APPEND_DATA the system places each write at the end by itself; reading is for the
     // lock.
-    const HANDLE handle = CreateFileW(path.c_str(), FILE_APPEND_DATA | FILE_READ_DATA | SYNCHRONIZE,
-        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-        FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE handle =
+        CreateFileW(SystemPath(path).c_str(), FILE_APPEND_DATA | FILE_READ_DATA | SYNCHRONIZE,
+            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+            FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return false;
     m_handle = handle;

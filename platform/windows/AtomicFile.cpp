@@ -1,6 +1,7 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/windows/SystemError.h"
+#include "platform/windows/SystemPath.h"
 
 #include <algorithm>
 #include <utility>
@@ -23,19 +24,35 @@ FileStatus CheckTarget(const std::filesystem::path& target, bool& exists)
     return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? FileStatus::AccessDenied : FileStatus::Ok;
 }
 
+/// Whether another program has the target open so that it cannot be replaced. When replacing is
+/// tried the system says that access is denied, which would send the user looking for rights.
+bool IsKeptOpen(const std::filesystem::path& target)
+{
+    const HANDLE handle =
+        CreateFileW(target.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+            nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_SHARING_VIOLATION;
+    CloseHandle(handle);
+    return false;
+}
+
 /// Puts the temporary file in the target's place. Replacing keeps the target's attributes and
 /// access rights, so it is tried first, where a link may be followed; it needs a target and a file
 /// system that can do it.
-bool MoveIntoPlace(const std::filesystem::path& temporary, const std::filesystem::path& target,
-    AtomicFile::Links links, bool flushes)
+FileStatus MoveIntoPlace(const std::filesystem::path& temporary,
+    const std::filesystem::path& target, AtomicFile::Links links, bool flushes)
 {
+    if (IsKeptOpen(target))
+        return FileStatus::SharingViolation;
     if (links == AtomicFile::Links::Followed
         && ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
             nullptr, nullptr))
-        return true;
-    return MoveFileExW(temporary.c_str(), target.c_str(),
-               MOVEFILE_REPLACE_EXISTING | (flushes ? MOVEFILE_WRITE_THROUGH : 0U))
-        != 0;
+        return FileStatus::Ok;
+    if (MoveFileExW(temporary.c_str(), target.c_str(),
+            MOVEFILE_REPLACE_EXISTING | (flushes ? MOVEFILE_WRITE_THROUGH : 0U)))
+        return FileStatus::Ok;
+    return StatusFromError(GetLastError());
 }
 
 } // namespace
@@ -51,12 +68,12 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
     if (target.empty() || HoldsZeroByte(target))
         return m_status = FileStatus::NotFound;
     m_links = links;
-    m_target = target;
+    m_target = SystemPath(target);
     m_status = CheckTarget(m_target, m_bReplaces);
     if (m_status != FileStatus::Ok)
         return m_status;
 
-    const std::filesystem::path temporary = TemporaryName(m_target);
+    const std::filesystem::path temporary = SystemPath(TemporaryName(m_target));
     const HANDLE handle = CreateFileW(
         temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
@@ -109,8 +126,8 @@ FileStatus AtomicFile::Commit(Flush flush)
     if (status == FileStatus::Ok && flushes && !FlushFileBuffers(m_handle))
         status = StatusFromError(GetLastError());
     CloseHandle(std::exchange(m_handle, nullptr));
-    if (status == FileStatus::Ok && !MoveIntoPlace(m_temporary, m_target, m_links, flushes))
-        status = StatusFromError(GetLastError());
+    if (status == FileStatus::Ok)
+        status = MoveIntoPlace(m_temporary, m_target, m_links, flushes);
     if (status == FileStatus::Ok)
         m_temporary.clear();
     Discard();
@@ -126,6 +143,13 @@ void AtomicFile::Discard()
     m_temporary.clear();
     m_buffer.clear();
     m_status = FileStatus::Failed;
+}
+
+FileStatus RemoveFile(const std::filesystem::path& path)
+{
+    if (HoldsZeroByte(path))
+        return FileStatus::NotFound;
+    return DeleteFileW(SystemPath(path).c_str()) ? FileStatus::Ok : StatusFromError(GetLastError());
 }
 
 } // namespace vireo

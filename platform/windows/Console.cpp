@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 // These need windows.h before them.
 #include <fcntl.h>
@@ -30,10 +31,25 @@ std::optional<std::string> WholeCommandLine()
     return Utf8FromWide(GetCommandLineW());
 }
 
+namespace {
+
+UINT codePageBefore = 0;
+
+void RestoreCodePage()
+{
+    SetConsoleOutputCP(codePageBefore);
+}
+
+} // namespace
+
 void SetUpStandardOutput()
 {
     _setmode(_fileno(stdout), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
+    _setmode(_fileno(stderr), _O_BINARY);
+    // The code page is the console's, so it stays with the shell when the program has ended.
+    codePageBefore = GetConsoleOutputCP();
+    if (codePageBefore != 0 && SetConsoleOutputCP(CP_UTF8))
+        std::atexit(RestoreCodePage);
 }
 
 bool ShellExpandsPatterns()

@@ -9,9 +9,9 @@ FileStatus ReadIdentity(const std::filesystem::path& path, FileIdentity& identit
     if (HoldsZeroByte(path))
         return FileStatus::NotFound;
     // Nothing is read, and folders open with the rights of a backup only.
-    const HANDLE handle =
-        CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-            nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    const HANDLE handle = CreateFileW(SystemPath(path).c_str(), 0,
+        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+        FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return StatusFromError(GetLastError());
     BY_HANDLE_FILE_INFORMATION information = {};

@@ -1,6 +1,7 @@
 #include "platform/PositionalFile.h"
 
 #include "platform/windows/SystemError.h"
+#include "platform/windows/SystemPath.h"
 
 #include <algorithm>
 #include <limits>
@@ -37,8 +38,8 @@ FileStatus PositionalFile::Open(const std::filesystem::path& path, Sharing shari
     const DWORD share = sharing == Sharing::ReadersOnly
         ? DWORD{FILE_SHARE_READ}
         : DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE};
-    const HANDLE handle = CreateFileW(
-        path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE handle = CreateFileW(SystemPath(path).c_str(), GENERIC_READ, share, nullptr,
+        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
         return IsFolder(path) ? FileStatus::IsFolder : StatusFromError(error);
@@ -46,9 +47,10 @@ FileStatus PositionalFile::Open(const std::filesystem::path& path, Sharing shari
 
     m_handle = handle;
     LARGE_INTEGER size = {};
-    if (GetFileType(handle) != FILE_TYPE_DISK || !GetFileSizeEx(handle, &size)) {
+    const bool isFile = GetFileType(handle) == FILE_TYPE_DISK;
+    if (!isFile || !GetFileSizeEx(handle, &size)) {
         Close();
-        return FileStatus::Failed;
+        return isFile ? FileStatus::Failed : FileStatus::NotAFile;
     }
     m_size = static_cast<std::uint64_t>(size.QuadPart);
     return FileStatus::Ok;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PositionalFile.h"
+#include "platform/windows/SystemPath.h"
 
 #include <windows.h>
 
@@ -37,7 +38,7 @@ inline FileStatus StatusFromError(DWORD error)
 
 inline bool IsFolder(const std::filesystem::path& path)
 {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
+    const DWORD attributes = GetFileAttributesW(SystemPath(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 

@@ -5,16 +5,15 @@
 #include "platform/Path.h"
 #include "scanner/ScannerChoice.h"
 #include "tests/TempFolder.h"
+#include "tests/viewers/DropFiles.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QFileDialog>
-#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
-#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -259,6 +258,18 @@ TEST_F(CViewerDlgTest, FilesThatCannotBeOpenedAreToldOnceAndTheDialogStays)
     EXPECT_TRUE(m_opened.empty());
 }
 
+TEST_F(CViewerDlgTest, APathThatIsTooLongForTheCommandLineOpensOtherwise)
+{
+    const auto file =
+        m_folder.Write(std::string(240, 'x') + ".con", WithTag("[MTF]") + std::string(60, ' '));
+    EXPECT_EQ(RunWithFile(file), QDialog::Rejected);
+    EXPECT_NE(OnlyMessage().find("more than 256 characters"), std::string::npos) << OnlyMessage();
+    CViewerDlg dialog(MakeSetup());
+    RunLauncher(dialog, [&] { dialog.OpenAndStay(file); });
+    ASSERT_EQ(m_opened.size(), 1U);
+    EXPECT_EQ(m_opened.front().file, file);
+}
+
 TEST_F(CViewerDlgTest, AKindWithoutAViewerIsNamedAndTheDialogStays)
 {
     auto setup = MakeSetup();
@@ -462,27 +473,6 @@ TEST_F(CViewerDlgTest, KeepsTheChoiceOfTheSimulatedScanner)
     }
 }
 
-/// Drops a list of files on the dialog's middle, as the desktop does; whether it was taken.
-bool Drop(CViewerDlg& dialog, const QList<QUrl>& urls)
-{
-    QMimeData data;
-    data.setUrls(urls);
-    const QPoint middle = dialog.rect().center();
-    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    enter.ignore();
-    QApplication::sendEvent(&dialog, &enter);
-    if (!enter.isAccepted())
-        return false;
-    QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&dialog, &drop);
-    return true;
-}
-
-QUrl UrlOf(const std::filesystem::path& file)
-{
-    return QUrl::fromLocalFile(QString::fromStdString(Utf8FromPath(file)));
-}
-
 TEST_F(CViewerDlgTest, ADroppedFileOpensAndTheLauncherStays)
 {
     CViewerDlg dialog(MakeSetup());
@@ -491,7 +481,7 @@ TEST_F(CViewerDlgTest, ADroppedFileOpensAndTheLauncherStays)
     EXPECT_EQ(RunLauncher(
                   dialog,
                   [&] {
-                      EXPECT_TRUE(Drop(dialog, {UrlOf(file)}));
+                      EXPECT_TRUE(DropFiles(dialog, {UrlOf(file)}));
                       openedInsideTheDrop = !m_opened.empty();
                   },
                   [&] { return !m_opened.empty(); }),
@@ -506,9 +496,10 @@ TEST_F(CViewerDlgTest, OnlyASingleLocalFileIsTakenFromADrag)
 {
     CViewerDlg dialog(MakeSetup());
     RunLauncher(dialog, [&] {
-        EXPECT_FALSE(Drop(dialog, {}));
-        EXPECT_FALSE(Drop(dialog, {QUrl("https://example.com/r.con")}));
-        EXPECT_FALSE(Drop(dialog, {UrlOf(m_folder.Path() / "a"), UrlOf(m_folder.Path() / "b")}));
+        EXPECT_FALSE(DropFiles(dialog, {}));
+        EXPECT_FALSE(DropFiles(dialog, {QUrl("https://example.com/r.con")}));
+        EXPECT_FALSE(
+            DropFiles(dialog, {UrlOf(m_folder.Path() / "a"), UrlOf(m_folder.Path() / "b")}));
     });
     EXPECT_TRUE(m_opened.empty());
 }
@@ -612,6 +603,35 @@ TEST_F(CViewerDlgTest, MissingRecentFilesTurnGrayAndDeleteTakesThemOff)
             EXPECT_EQ(list->item(0)->text(), "there.con");
             return true;
         });
+}
+
+TEST_F(CViewerDlgTest, TheFileMenuOffersToOpenConFilesWithVireoWhereThatCanBeChosen)
+{
+    struct OneSwitch : FileAssociation {
+        AssociationState State() const override { return state; }
+        bool Set() override { return state = AssociationState::On, true; }
+        bool Undo() override { return state = AssociationState::Off, true; }
+        AssociationState state = AssociationState::Off;
+    };
+    const auto entry = [](const CViewerDlg& dialog) -> QAction* {
+        for (QAction* action : dialog.findChildren<QAction*>())
+            if (action->isCheckable() && action->text() == "Open .con files with &Vireo")
+                return action;
+        return nullptr;
+    };
+    auto setup = MakeSetup();
+    EXPECT_EQ(entry(CViewerDlg(setup)), nullptr);
+    const auto association = std::make_shared<OneSwitch>();
+    setup.association = association;
+    for (const auto state : {AssociationState::On, AssociationState::Off}) {
+        CViewerDlg dialog(setup);
+        RunLauncher(dialog, [&] {
+            EXPECT_NE(entry(dialog)->isChecked(), state == AssociationState::On);
+            entry(dialog)->trigger();
+            EXPECT_EQ(entry(dialog)->isChecked(), state == AssociationState::On);
+        });
+        EXPECT_EQ(association->state, state);
+    }
 }
 
 TEST_F(CViewerDlgTest, WithoutAProgramFolderTheUserIsTold)

@@ -67,6 +67,8 @@ TEST(CommandLine, TheMainDialogExamines256Characters)
     EXPECT_EQ(CopyFileToLoad("\"" + std::string(255, 'a') + "b\""), std::string(255, 'a'))
         << "the quote that is dropped has been examined too";
     EXPECT_EQ(CopyFileToLoad(std::string_view("ab\0cd", 5)), "ab");
+    EXPECT_FALSE(IsTooLongToLoad("\"" + std::string(255, 'a') + "\""));
+    EXPECT_TRUE(IsTooLongToLoad("\"" + std::string(255, 'a') + "b\""));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "tests/FileSizeLimit.h"
 #include "tests/TempFolder.h"
 
+#include <array>
 #include <vector>
 #ifndef _WIN32
 #include <sys/stat.h>
@@ -143,6 +144,36 @@ TEST(AtomicFile, TakesPartsOfAnotherFile)
     EXPECT_EQ(TempFolder::Read(target).substr(0, 7), "before ");
     file.Discard();
     EXPECT_EQ(FilesIn(folder.Path()), 2U);
+}
+
+#ifdef _WIN32
+TEST(AtomicFile, AFileThatAnotherProgramHasOpen)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    for (const auto links : {AtomicFile::Links::Followed, AtomicFile::Links::Replaced}) {
+        const std::ifstream other(target);
+        AtomicFile file;
+        ASSERT_EQ(file.Open(target, links), FileStatus::Ok);
+        ASSERT_EQ(file.Write("new"), FileStatus::Ok);
+        EXPECT_EQ(file.Commit(), FileStatus::SharingViolation);
+        EXPECT_EQ(FilesIn(folder.Path()), 1U);
+    }
+    EXPECT_EQ(TempFolder::Read(target), "old");
+}
+#endif
+
+TEST(AtomicFile, AViewerThatReadsTheFileIsNoObstacleAndReadsOn)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    PositionalFile viewer;
+    ASSERT_EQ(viewer.Open(target), FileStatus::Ok);
+    EXPECT_EQ(WriteFileAtomically(target, "new!"), FileStatus::Ok);
+    std::array<std::uint8_t, 4> bytes{};
+    EXPECT_EQ(viewer.ReadAt(0, bytes), 3U);
+    EXPECT_EQ(bytes[0], 'o');
+    EXPECT_EQ(TempFolder::Read(target), "new!");
 }
 
 #ifndef _WIN32

@@ -94,6 +94,27 @@ TEST_F(LogTest, LaterProgramsAddToTheLog)
     EXPECT_EQ(Messages(path), (std::vector<std::string>{"before", "after"}));
 }
 
+TEST_F(LogTest, ALargeLogMakesRoomForANewOne)
+{
+    const auto path = m_folder.Write("Vireo.log", std::string(kLargestLog, 'x'));
+    const auto old = m_folder.Write("Vireo.old.log", "from before\n");
+    ASSERT_TRUE(log_Init("Vireo", ".log", m_folder.Path()));
+    Log_Msg("first");
+    EXPECT_EQ(std::filesystem::file_size(old), kLargestLog);
+    EXPECT_EQ(Messages(path), std::vector<std::string>{"first"});
+
+    AppendFile other; // Of a second viewer, which has the log open.
+    ASSERT_TRUE(other.Open(path));
+    const std::string line(kLargestLog / 4, 'y');
+    for (int i = 0; i < 4; ++i)
+        Log_Msg(line);
+    log_Close();
+    EXPECT_EQ(std::filesystem::file_size(path), 24 + line.size() + 1) << "the fourth has no room";
+    EXPECT_LE(std::filesystem::file_size(old), kLargestLog);
+    EXPECT_TRUE(other.Append("late\n"));
+    EXPECT_EQ(TempFolder::Read(old).substr(24, 6), "first\n");
+}
+
 TEST_F(LogTest, SeveralWritersDoNotGarbleLines)
 {
     constexpr int kLines = 500;
@@ -132,7 +153,18 @@ TEST_F(LogTest, ThreadsOfOneProgramShareIt)
     EXPECT_EQ(Messages(m_folder.Path() / "Vireo.log").size(), 400U);
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+TEST_F(LogTest, GoesToTheStateFolderWhenTheFolderTakesNoFile)
+{
+    Log_Msg("early");
+    ASSERT_TRUE(log_Init("VireoTest", ".log", m_folder.Path() / "missing"));
+    const auto path = log_FilePath();
+    log_Close();
+    EXPECT_EQ(path, StateFolder() / "VireoTest.log");
+    EXPECT_EQ(Messages(path), std::vector<std::string>{"early"});
+    std::filesystem::remove(path);
+}
+#else
 /// Sets an environment variable, while it lives.
 class ScopedVariable {
 public:

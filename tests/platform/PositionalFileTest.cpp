@@ -1,3 +1,6 @@
+#include "platform/AppendFile.h"
+#include "platform/AtomicFile.h"
+#include "platform/FileIdentity.h"
 #include "platform/PositionalFile.h"
 #include "tests/TempFolder.h"
 
@@ -106,6 +109,28 @@ TEST(PositionalFile, WhatCannotBeOpened)
     EXPECT_FALSE(file.IsOpen());
 }
 
+TEST(PositionalFile, PathsOfMoreThan260Characters)
+{
+    const TempFolder folder;
+    const auto path = folder.Path() / (std::string(230, 'x') + ".con");
+    ASSERT_GT(path.native().size(), 260U);
+    ASSERT_EQ(WriteFileAtomically(path, "old"), FileStatus::Ok);
+    ASSERT_EQ(WriteFileAtomically(path, "new"), FileStatus::Ok);
+    AppendFile log;
+    ASSERT_TRUE(log.Open(path));
+    EXPECT_TRUE(log.Append("er"));
+    log.Close();
+    std::string content;
+    EXPECT_EQ(ReadWholeFile(path, 9, content), FileStatus::Ok);
+    EXPECT_EQ(content, "newer");
+    FileIdentity identity;
+    EXPECT_EQ(ReadIdentity(path, identity), FileStatus::Ok);
+    auto folderPath = path.parent_path();
+    for (int i = 0; i < 80; ++i)
+        folderPath /= ".";
+    EXPECT_EQ(ReadWholeFile(folderPath / path.filename(), 9, content), FileStatus::Ok);
+}
+
 #ifndef _WIN32
 TEST(PositionalFile, APipeNeitherOpensNorHangs)
 {
@@ -113,8 +138,8 @@ TEST(PositionalFile, APipeNeitherOpensNorHangs)
     const auto pipe = folder.Path() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     PositionalFile file;
-    EXPECT_EQ(file.Open(pipe), FileStatus::Failed);
-    EXPECT_EQ(file.Open("/dev/zero"), FileStatus::Failed);
+    EXPECT_EQ(file.Open(pipe), FileStatus::NotAFile);
+    EXPECT_EQ(file.Open("/dev/zero"), FileStatus::NotAFile);
 }
 
 TEST(PositionalFile, NoPermission)
@@ -128,6 +153,23 @@ TEST(PositionalFile, NoPermission)
     EXPECT_EQ(file.Open(path), FileStatus::AccessDenied);
 }
 #else
+TEST(PositionalFile, DevicesAreNoFiles)
+{
+    PositionalFile file;
+    for (const char* const name : {"NUL", "nul", "\\\\.\\NUL", "CON"})
+        EXPECT_NE(file.Open(name), FileStatus::Ok) << name;
+    EXPECT_EQ(file.Open("NUL"), FileStatus::NotAFile);
+}
+
+TEST(PositionalFile, TrailingDotsAndBlanksAreNoPartOfAName)
+{
+    const TempFolder folder;
+    const auto path = folder.Write("data.con", "x");
+    PositionalFile file;
+    EXPECT_EQ(file.Open(std::filesystem::path(path).concat(".")), FileStatus::Ok);
+    EXPECT_EQ(file.Open(std::filesystem::path(path).concat(" ")), FileStatus::Ok);
+}
+
 TEST(PositionalFile, AFileThatAnotherProgramKeepsToItself)
 {
     const TempFolder folder;

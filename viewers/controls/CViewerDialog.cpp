@@ -10,13 +10,18 @@
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/Resources.h"
 
+#include <QDragEnterEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPainter>
 #include <QShowEvent>
+#include <QTimer>
 #include <QToolButton>
+#include <QUrl>
 
+#include <optional>
 #include <utility>
 
 #ifdef _WIN32
@@ -48,6 +53,22 @@ void CViewerDialog::OnInitDialog()
     LoadAcceleratorTable(kAcceleratorTable);
 }
 
+#ifdef _WIN32
+namespace {
+
+void AddAboutToSystemMenu(HWND window)
+{
+    const QString text = QStringFromText(LoadStringResource(StringId::kAboutCommand));
+    const HMENU systemMenu = GetSystemMenu(window, FALSE);
+    if (text.isEmpty() || systemMenu == nullptr)
+        return;
+    AppendMenuW(systemMenu, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(systemMenu, MF_STRING, CommandId::kAbout, text.toStdWString().c_str());
+}
+
+} // namespace
+#endif
+
 void CViewerDialog::AddAboutCommand()
 {
     const std::string_view text = LoadStringResource(StringId::kAboutCommand);
@@ -55,14 +76,17 @@ void CViewerDialog::AddAboutCommand()
         return;
     m_helpMenu->addAction(
         QStringFromText(text), QKeySequence(Qt::Key_F1), this, &CViewerDialog::OnAbout);
+}
+
+bool CViewerDialog::event(QEvent* event)
+{
+    const bool isHandled = QDialog::event(event);
 #ifdef _WIN32
-    const auto window = reinterpret_cast<HWND>(winId());
-    if (HMENU systemMenu = GetSystemMenu(window, FALSE)) {
-        AppendMenuW(systemMenu, MF_SEPARATOR, 0, nullptr);
-        AppendMenuW(
-            systemMenu, MF_STRING, CommandId::kAbout, QStringFromText(text).toStdWString().c_str());
-    }
+    // A window that the toolkit makes anew has a new system menu.
+    if (event->type() == QEvent::WinIdChange && internalWinId() != 0)
+        AddAboutToSystemMenu(reinterpret_cast<HWND>(internalWinId()));
 #endif
+    return isHandled;
 }
 
 bool CViewerDialog::nativeEvent(const QByteArray& eventType, void* message, qintptr* result)
@@ -71,7 +95,8 @@ bool CViewerDialog::nativeEvent(const QByteArray& eventType, void* message, qint
     const auto* native = static_cast<const MSG*>(message);
     if (native->message == WM_SYSCOMMAND
         && (native->wParam & CommandId::kSystemCommandMask) == CommandId::kAbout) {
-        OnAbout();
+        // The system waits for the command's end, and the about box would keep it waiting.
+        QTimer::singleShot(0, this, [this] { OnAbout(); });
         *result = 0;
         return true;
     }
@@ -132,6 +157,41 @@ void CViewerDialog::AddHeaderToFileMenu()
         header->setText(tr("Show &Header"));
         AddToFileMenu(header);
     }
+}
+
+namespace {
+
+/// The one file that is dragged; nothing for anything else.
+std::optional<std::filesystem::path> DroppedFile(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    if (urls.size() != 1 || !urls.front().isLocalFile())
+        return std::nullopt;
+    return PathFromQString(urls.front().toLocalFile());
+}
+
+} // namespace
+
+void CViewerDialog::TakeDroppedFiles(std::function<void(const std::filesystem::path&)> take)
+{
+    m_takeDropped = std::move(take);
+    setAcceptDrops(true);
+}
+
+void CViewerDialog::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (m_takeDropped && DroppedFile(*event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void CViewerDialog::dropEvent(QDropEvent* event)
+{
+    const auto file = DroppedFile(*event->mimeData());
+    if (!m_takeDropped || !file)
+        return;
+    event->acceptProposedAction();
+    // The program that the file comes from waits for the end of the drop, not of the reading.
+    QTimer::singleShot(0, this, [this, file = *file] { m_takeDropped(file); });
 }
 
 void CViewerDialog::UseLimits(std::unique_ptr<ViewerLimits> limits)

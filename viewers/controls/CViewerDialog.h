@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -37,8 +38,9 @@ public:
     static constexpr const char* kAcceleratorTable = "IDR_ACCELERATOR_VIREO";
 
 protected:
-    /// Adds "&About Vireo..." to the system menu where there is one, and to the menu bar's help
-    /// menu; puts the menu bar above the dialog's layout; loads the accelerator table. Once only.
+    /// Adds "&About Vireo..." to the menu bar's help menu (the system menu, where there is one, has
+    /// it from the beginning); puts the menu bar above the dialog's layout; loads the accelerator
+    /// table. Once only.
     virtual void OnInitDialog();
 
     /// Menus that a dialog may add its actions to. They appear in this order, and the view menu
@@ -75,6 +77,10 @@ protected:
     /// Puts "Show &Header" into the file menu.
     void AddHeaderToFileMenu();
 
+    /// Takes a single file that is dropped on the window, once the program that it comes from has
+    /// been let go.
+    void TakeDroppedFiles(std::function<void(const std::filesystem::path& file)> take);
+
     /// Another file is on view, or another line (0-based) of it: its figures are to be checked.
     void CheckLimits(std::int64_t line = 0);
     /// Marks the limits that hold for the file on view, none when nobody has chosen any.
@@ -87,6 +93,9 @@ protected:
     /// window that opens it may have shrunk into a corner.
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool event(QEvent* event) override;
     bool nativeEvent(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
@@ -99,6 +108,7 @@ private:
     CLimitsWatch* m_limits = nullptr; ///< Null until limits are used.
     QAction* m_fileMenuEnd = nullptr; ///< What the dialog's own actions stand above.
     std::map<int, QAction*> m_accelerators;
+    std::function<void(const std::filesystem::path&)> m_takeDropped;
 };
 
 } // namespace vireo

@@ -2,6 +2,8 @@
 
 #include "platform/KnownFolders.h"
 #include "platform/Message.h"
+#include "platform/Path.h"
+#include "platform/Text.h"
 #include "viewers/controls/QtText.h"
 
 #include <QFileDialog>
@@ -55,7 +57,7 @@ std::filesystem::path AskForFileToSave(
 
 void TellFileFailure(const std::filesystem::path& file, std::string_view reason)
 {
-    ShowMessage(TextFromQString(QStringFromPath(file)).append("\n").append(reason));
+    ShowMessageInUtf8(ShownPath(file) + '\n' + Utf8FromWindows1252(reason));
 }
 
 void TellFileFailure(const std::filesystem::path& file, FileStatus status)

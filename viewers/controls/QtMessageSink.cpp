@@ -29,9 +29,10 @@ QMessageBox::Icon BoxIcon(MessageIcon icon)
 
 void QtMessageSink::ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon)
 {
-    if (caption.empty())
-        caption = LoadStringResource(StringId::kApplicationTitle);
-    QMessageBox box(BoxIcon(icon), QStringFromText(caption), QStringFromText(text), QMessageBox::Ok,
+    const QString title = caption.empty()
+        ? QStringFromText(LoadStringResource(StringId::kApplicationTitle))
+        : QString::fromUtf8(caption);
+    QMessageBox box(BoxIcon(icon), title, QString::fromUtf8(text), QMessageBox::Ok,
         QApplication::activeWindow());
     // File names and headers may hold what looks like markup.
     box.setTextFormat(Qt::PlainText);

@@ -122,6 +122,7 @@ void CView_LPF_Dialog::SetUpMenus()
 {
     using Dialog = CView_LPF_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(
         MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));

@@ -112,11 +112,10 @@ void CNCTest_Dialog::OnLine()
     ShowRecord();
 }
 
-void CNCTest_Dialog::OnLoad()
+void CNCTest_Dialog::LoadFile(const std::filesystem::path& path)
 {
-    const std::filesystem::path before = Data().Path();
-    CNoiseBase_Dialog::OnLoad();
-    if (!m_scanner || Data().Path() == before)
+    CNoiseBase_Dialog::LoadFile(path);
+    if (!m_scanner)
         return;
     // The file is looked at until the scanner is started again.
     m_bShowsScanner = false;

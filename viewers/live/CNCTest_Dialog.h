@@ -28,7 +28,7 @@ public:
     ~CNCTest_Dialog() override;
 
 protected:
-    void OnLoad() override;
+    void LoadFile(const std::filesystem::path& path) override;
     void ShowFigures() override;
     void ShowCursor(std::optional<std::int64_t> pixel) override;
     std::vector<std::string> HeaderLines() const override;

@@ -66,6 +66,7 @@ void CNoiseBase_Dialog::SetUpMenus()
 {
     using Dialog = CNoiseBase_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
     AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
@@ -145,7 +146,7 @@ void CNoiseBase_Dialog::OnLoad()
     const std::filesystem::path file =
         AskForFileToOpen(this, {tr("Load"), NoiseFilter()}, m_data.Path());
     if (!file.empty())
-        ReadFile(file);
+        LoadFile(file);
 }
 
 void CNoiseBase_Dialog::OnSave()

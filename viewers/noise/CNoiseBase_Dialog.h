@@ -53,7 +53,9 @@ protected:
     void ShowRecord();
     CNoiseTestControl& Plot() const { return *m_widgets.plot; }
 
-    virtual void OnLoad();
+    /// Reads a file that the user has chosen, or dropped on the window.
+    virtual void LoadFile(const std::filesystem::path& path) { ReadFile(path); }
+    void OnLoad();
     void OnSave();
     void OnPrint();
 

@@ -4,6 +4,7 @@
 #include "platform/Message.h"
 #include "platform/Path.h"
 #include "ui_COscilloscope_Dialog.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/ProfileText.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/ViewerHost.h"
@@ -165,7 +166,7 @@ void COscilloscope_Dialog::TellMissingItems()
 
 void COscilloscope_Dialog::TellFailure(OscilloscopeResult result)
 {
-    ShowMessage(TextFromQString(QStringFromPath(m_path)) + "\n" + m_data.DescribeFailure(result));
+    TellFileFailure(m_path, m_data.DescribeFailure(result));
 }
 
 /// Unpacks m_path and goes over to the files of its folder.

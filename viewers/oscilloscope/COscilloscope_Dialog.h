@@ -71,6 +71,7 @@ private:
 
     // Files.
     void ReadFile();
+    void LoadFile(const std::filesystem::path& file);
     void ReadFolder();
     void ReadEntry(std::size_t index);
     void HandOver(std::string_view viewer);

@@ -59,6 +59,7 @@ void COscilloscope_Dialog::SetUpMenus()
     using Dialog = COscilloscope_Dialog;
     m_loadAction = MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad);
     AddToFileMenu(m_loadAction);
+    TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(
         MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
@@ -136,7 +137,14 @@ void COscilloscope_Dialog::OnLoad()
     const FileQuestion question{
         tr("Load"), QStringLiteral("Stitch file (*.con);;*_STI.CON) (*_sti.con);;All Files (*)")};
     const std::filesystem::path file = AskForFileToOpen(this, question, m_path);
-    if (file.empty())
+    if (!file.empty())
+        LoadFile(file);
+}
+
+void COscilloscope_Dialog::LoadFile(const std::filesystem::path& file)
+{
+    // The files of a folder are gone through with the list.
+    if (!m_bDrawingReady || m_bUseHPDirectory)
         return;
     m_path = file;
     ReadFile();

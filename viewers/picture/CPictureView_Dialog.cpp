@@ -2,7 +2,6 @@
 
 #include "imagefile/TifConversion.h"
 #include "platform/Message.h"
-#include "platform/Text.h"
 #include "resources/ControlIds.h"
 #include "ui_CPictureView_Dialog.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
@@ -111,6 +110,7 @@ void CPictureView_Dialog::SetUpMenus()
 {
     using Dialog = CPictureView_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
     AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
@@ -287,8 +287,12 @@ void CPictureView_Dialog::OnLoad()
 {
     const std::filesystem::path file =
         AskForFileToOpen(this, {tr("Load"), TiffFilter(), QStringLiteral("tif")}, Picture().Path());
-    if (file.empty())
-        return;
+    if (!file.empty())
+        LoadFile(file);
+}
+
+void CPictureView_Dialog::LoadFile(const std::filesystem::path& file)
+{
     m_ui->plot->SetMarks({});
     ReadFile(file, 1);
 }
@@ -341,7 +345,7 @@ void CPictureView_Dialog::WaitFor(const QString& title, const QString& text,
     CWait_Dialog wait(title, text, CWait_Dialog::Cancelling::Offered, this);
     wait.Run([&](WorkProgress& progress) { failure = work(progress); });
     if (!failure.empty())
-        ShowMessage(Windows1252FromUtf8(failure));
+        ShowMessageInUtf8(failure);
 }
 
 void CPictureView_Dialog::OnPrint()

@@ -71,6 +71,7 @@ private:
 
     // Commands.
     void OnLoad();
+    void LoadFile(const std::filesystem::path& file);
     void OnSave();
     void OnPrint();
     void OnPrintPreview();

@@ -87,6 +87,7 @@ void CStarTest_Dialog::SetUpMenus()
     using Dialog = CStarTest_Dialog;
     using Plot = CA2_StarTest_Control;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
     AddToFileMenu(MakeAction(tr("&Export Sweep..."), tr("Ctrl+E"), this, &Dialog::OnExportSweep));

@@ -69,6 +69,7 @@ void CView_Stitch_Dialog::SetUpMenus()
 {
     using Dialog = CView_Stitch_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
+    TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
     AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
     AddToFileMenu(

@@ -1,5 +1,7 @@
 #include "viewers/tonal/CTonalResolutionDialog.h"
 
+#include "platform/Message.h"
+#include "platform/Path.h"
 #include "resources/ControlIds.h"
 #include "ui_CTonalResolutionDialog.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
@@ -103,6 +105,7 @@ void CTonalResolutionDialog::SetUpMenus()
         AddToFileMenu(MakeAction(text, keys, this, run));
     };
     add(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad);
+    TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
     add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
     add(tr("&Copy"), tr("Ctrl+C"), &Dialog::OnCopy);
     add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
@@ -177,9 +180,10 @@ void CTonalResolutionDialog::ReadFile(const std::filesystem::path& path)
     m_ui->plot->SetLoading(false);
     ShowFile();
     ShowNotice(opening.notice);
-    if (opening.result != TonalResult::Ok)
-        TellFileFailure(
-            path, opening.notice.empty() ? m_data.DescribeFailure(opening.result) : opening.notice);
+    if (!opening.notice.empty() && opening.result != TonalResult::Ok)
+        ShowMessageInUtf8(ShownPath(path) + '\n' + opening.notice);
+    else if (opening.result != TonalResult::Ok)
+        TellFileFailure(path, m_data.DescribeFailure(opening.result));
 }
 
 std::filesystem::path CTonalResolutionDialog::ShownFile() const
@@ -208,10 +212,10 @@ void CTonalResolutionDialog::ShowLimits(const std::vector<Limit>& limits)
     m_ui->plot->SetLimits(limits);
 }
 
-void CTonalResolutionDialog::ShowNotice(const std::string& text)
+void CTonalResolutionDialog::ShowNotice(const std::string& utf8)
 {
-    m_ui->noticeText->setText(QStringFromText(text));
-    m_ui->noticeText->setVisible(!text.empty());
+    m_ui->noticeText->setText(QString::fromStdString(utf8));
+    m_ui->noticeText->setVisible(!utf8.empty());
 }
 
 void CTonalResolutionDialog::OnLoad()
@@ -235,9 +239,9 @@ void CTonalResolutionDialog::OnSave()
     const FileStatus status = m_data.Write(target);
     ShowFile();
     // No box: the notice waits until somebody looks.
-    ShowNotice(status == FileStatus::Ok ? std::string()
-                                        : TextFromQString(QStringFromPath(target)) + ": not saved. "
-                + std::string(Describe(status)) + ".");
+    ShowNotice(status == FileStatus::Ok
+            ? std::string()
+            : ShownPath(target) + ": not saved. " + std::string(Describe(status)) + ".");
 }
 
 void CTonalResolutionDialog::OnCopy()

@@ -47,7 +47,7 @@ private:
     void ReadFile(const std::filesystem::path& path);
     void ShowFile();
     /// Tells something beside the plot until the next file; an empty text takes it away.
-    void ShowNotice(const std::string& text);
+    void ShowNotice(const std::string& utf8);
 
     void OnView(TonalView view);
     void OnShowReport(bool shown);

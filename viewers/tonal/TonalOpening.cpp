@@ -5,15 +5,13 @@
 #include "platform/Path.h"
 #include "platform/Text.h"
 
-#include <system_error>
-
 namespace vireo {
 
 namespace {
 
 std::string NameOf(const std::filesystem::path& path)
 {
-    return '"' + Windows1252FromUtf8(Utf8FromPath(path.filename())) + '"';
+    return '"' + Utf8FromPath(path.filename()) + '"';
 }
 
 /// Copies the file as it was read and puts the corrected record in its place.
@@ -42,11 +40,11 @@ TonalOpening Delete(const std::filesystem::path& path)
 {
     const std::string reason =
         NameOf(path) + " held no measurement (its scanner name is \"Default\") and ";
-    std::error_code error;
-    if (std::filesystem::remove(path, error))
+    const FileStatus status = RemoveFile(path);
+    if (status == FileStatus::Ok)
         return {TonalResult::NoMeasurement, TonalFileChange::Deleted, reason + "has been deleted."};
     return {TonalResult::NoMeasurement, TonalFileChange::NotDeleted,
-        reason + "should be deleted, but that failed (" + error.message() + ")."};
+        reason + "should be deleted, but that failed (" + std::string(Describe(status)) + ")."};
 }
 
 } // namespace
@@ -59,7 +57,7 @@ TonalOpening OpenTonalFile(const std::filesystem::path& path, TonalResolutionDat
     else if (opening.result == TonalResult::NoMeasurement)
         opening = Delete(path);
     if (opening.change != TonalFileChange::None)
-        Log_Msg_Txt("Tonal resolution:", opening.notice);
+        Log_Msg_Txt("Tonal resolution:", Windows1252FromUtf8(opening.notice));
     return opening;
 }
 

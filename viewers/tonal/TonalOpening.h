@@ -19,7 +19,7 @@ enum class TonalFileChange {
 struct TonalOpening {
     TonalResult result = TonalResult::Ok;
     TonalFileChange change = TonalFileChange::None;
-    /// Tells the user of the change or why there was none, Windows-1252; empty with None.
+    /// Tells the user of the change or why there was none, UTF-8; empty with None.
     std::string notice;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/Message.h"
 #include "platform/PrivateProfile.h"
 #include "tests/TempFolder.h"
+#include "tests/viewers/DropFiles.h"
 #include "tests/viewers/noise/NoiseFiles.h"
 #include "viewers/controls/PositionUnit.h"
 #include "viewers/live/CNCTest_Dialog.h"
@@ -82,6 +83,24 @@ TEST_F(NoiseDialogsTest, ShowsAColourFile)
     EXPECT_FALSE(Button("saveButton").isVisible());
     EXPECT_FALSE(Button("rescanButton").isVisible());
     EXPECT_TRUE(messages.Messages().empty());
+}
+
+TEST_F(NoiseDialogsTest, AFileDroppedOnTheWindowIsLoaded)
+{
+    OpenColour();
+    const auto other =
+        folder.Write("other.con", TextNoiseFile("Color=Gray\n", kPlanes.substr(0, 1000)));
+    const auto missing = folder.Path() / PathFromUtf8("\xCE\xB1 \xE6\xB8\xAC.con");
+    ASSERT_TRUE(DropFiles(*dialog, {UrlOf(other)}));
+    EXPECT_EQ(Text("averageText"), "Average:  150") << "once the other program is let go";
+    QTest::qWait(1);
+    EXPECT_EQ(Text("averageText"), "Average:  100");
+    EXPECT_EQ(Text("fileText"), "other.con");
+    ASSERT_TRUE(DropFiles(*dialog, {UrlOf(missing)}));
+    QTest::qWait(1);
+    ASSERT_EQ(messages.Messages().size(), 1U);
+    EXPECT_EQ(messages.Messages().front().text, Utf8FromPath(missing) + "\nNo such file")
+        << "names are shown in any script";
 }
 
 TEST_F(NoiseDialogsTest, TheColourButtonsChooseThePlane)
