@@ -137,15 +137,6 @@ SectionEnd
 
 Section Uninstall
   !insertmacro EndWhileItRuns
-  !include "${FILES}"
-  ; What opening a sample has left beside it.
-  RMDir /r "$INSTDIR\samples"
-  Delete "$INSTDIR\Vireo.log"
-  Delete "$INSTDIR\Vireo.old.log"
-  Delete "$INSTDIR\Vireo.old.log"
-  Delete "$INSTDIR\uninstall.exe"
-  RMDir "$INSTDIR"
-
   Delete "$SMPROGRAMS\Vireo\Vireo.lnk"
   Delete "$SMPROGRAMS\Vireo\Vireo manual.lnk"
   RMDir "$SMPROGRAMS\Vireo"
@@ -163,9 +154,16 @@ Section Uninstall
     Delete "$LOCALAPPDATA\Vireo\recent-files.txt"
     Delete "$LOCALAPPDATA\Vireo\Vireo.log"
     Delete "$LOCALAPPDATA\Vireo\Vireo.old.log"
-    Delete "$LOCALAPPDATA\Vireo\Vireo.old.log"
     RMDir "$APPDATA\Vireo"
     RMDir "$LOCALAPPDATA\Vireo"
   ${EndIf}
   DeleteRegKey HKCU "${UNINSTALL}"
+
+  !include "${FILES}"
+  ; What opening a sample has left beside it.
+  RMDir /r "$INSTDIR\samples"
+  Delete "$INSTDIR\Vireo.log"
+  Delete "$INSTDIR\Vireo.old.log"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
 SectionEnd
