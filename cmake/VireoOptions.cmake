@@ -21,6 +21,12 @@ target_compile_options(vireo_options INTERFACE
 # GCC 12 takes "text" + std::string for overlapping copies (its bug 105651).
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(vireo_options INTERFACE -Wno-restrict)
+  # Of precompiled headers it forgets that they are the system's, and warns of the standard library's
+  # insides. Builds with plain includes have these warnings as errors.
+  if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    target_compile_options(vireo_options INTERFACE -Wno-array-bounds -Wno-stringop-overflow
+                           -Wno-stringop-overread)
+  endif()
 endif()
 
 # A relative __FILE__ keeps the build folder out of programs and makes compiler caches shareable.

@@ -49,8 +49,10 @@ const std::filesystem::path& InputFile(std::span<const std::uint8_t> bytes)
         stream.write(AsText(bytes).data(), static_cast<std::streamsize>(bytes.size()));
         Require(stream.flush().good());
     }
+    // Asked first: to cut a file is slow where every call goes through another system's.
     std::error_code error;
-    std::filesystem::resize_file(file.Path(), bytes.size(), error);
+    if (std::filesystem::file_size(file.Path(), error) != bytes.size())
+        std::filesystem::resize_file(file.Path(), bytes.size(), error);
     Require(!error);
     return file.Path();
 }
