@@ -84,9 +84,8 @@ TEST_F(PictureDataTest, OpensThePageAskedFor)
 
 TEST_F(PictureDataTest, RefusesWhatCannotBeAPicture)
 {
-    const TiffFile file = TiffFile().Add(GrayPage(6, 4, 1));
-    std::string looping = file.Bytes();
-    looping.replace(file.LinkOffset(), 4, looping.substr(4, 4));
+    TiffFile looping = TiffFile().Add(GrayPage(6, 4, 1));
+    looping.LinkTo(8); // The first page, behind the header.
     TiffPageBytes page = GrayPage(6, 4, kPackBits);
     page.rowsPerStrip = 0xFFFFFFFF;
     std::string huge = TiffFile().Add(page).Bytes();
@@ -100,7 +99,7 @@ TEST_F(PictureDataTest, RefusesWhatCannotBeAPicture)
     };
     for (const Row& row : {Row{"empty", "", ImageResult::CantReadTif},
              Row{"text", "no picture", ImageResult::TifFormatError},
-             Row{"chain that comes back", looping, ImageResult::TifFormatError},
+             Row{"chain that comes back", looping.Bytes(), ImageResult::TifFormatError},
              Row{"2147483647 rows in few bytes", huge, ImageResult::CantReadTif}}) {
         EXPECT_EQ(Open(row.bytes), row.result) << row.name;
         EXPECT_EQ(data->Holding(), PictureHolding::Nowhere) << row.name;

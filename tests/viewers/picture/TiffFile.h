@@ -1,10 +1,10 @@
 #pragma once
 
 #include "imagefile/ColorDepth.h"
-#include "platform/ByteReader.h"
+#include "tests/imagefile/TifFile.h"
 
-#include <algorithm>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -26,14 +26,9 @@ struct TiffPageBytes {
 };
 
 /// Puts pages together as a file of a byte order.
-class TiffFile {
+class TiffFile : public TifFile {
 public:
-    explicit TiffFile(ByteOrder order = ByteOrder::Little) : m_order(order)
-    {
-        m_bytes = order == ByteOrder::Little ? "II" : "MM";
-        Put16(m_bytes, 42);
-        Put32(m_bytes, 0);
-    }
+    using TifFile::TifFile;
 
     /// The entries come before the pixels, so that a file that is cut off still tells of its page.
     TiffFile& Add(const TiffPageBytes& page)
@@ -51,29 +46,15 @@ public:
             pixels += CodedRow(page.pixels.substr(row * rowBytes, rowBytes), page.compression);
         }
         TiffFile measured = *this;
-        measured.AddEntries(page, offsets);
+        measured.AddPage(EntriesOf(page, offsets));
         for (std::uint32_t& offset : offsets)
-            offset += static_cast<std::uint32_t>(measured.m_bytes.size());
-        AddEntries(page, offsets);
-        m_bytes += pixels;
+            offset += static_cast<std::uint32_t>(measured.Bytes().size());
+        AddPage(EntriesOf(page, offsets));
+        Strip(pixels);
         return *this;
     }
 
-    const std::string& Bytes() const { return m_bytes; }
-    /// Where the link to the page behind the last one lies.
-    std::size_t LinkOffset() const { return m_link; }
-
 private:
-    void Put(std::string& to, std::uint32_t value, int bytes) const
-    {
-        for (int i = 0; i < bytes; ++i) {
-            const int shift = 8 * (m_order == ByteOrder::Little ? i : bytes - 1 - i);
-            to += static_cast<char>(value >> shift & 0xFF);
-        }
-    }
-    void Put16(std::string& to, std::uint32_t value) const { Put(to, value, 2); }
-    void Put32(std::string& to, std::uint32_t value) const { Put(to, value, 4); }
-
     static std::string CodedRow(const std::string& row, std::uint16_t compression)
     {
         if (compression == 1)
@@ -87,73 +68,28 @@ private:
         return coded;
     }
 
-    void AddEntry(std::uint16_t tag, std::uint16_t type, const std::string& values, int valueBytes)
+    static std::map<std::uint16_t, TifEntry> EntriesOf(
+        const TiffPageBytes& page, const std::vector<std::uint32_t>& offsets)
     {
-        Put16(m_entries, tag);
-        Put16(m_entries, type);
-        Put32(m_entries, static_cast<std::uint32_t>(values.size()) / valueBytes);
-        if (values.size() <= 4) {
-            m_entries += values + std::string(4 - values.size(), '\0');
-        } else {
-            Put32(m_entries, static_cast<std::uint32_t>(m_bytes.size()));
-            m_bytes += values;
-        }
-        ++m_entryCount;
-    }
-    void AddShort(std::uint16_t tag, std::vector<std::uint16_t> values)
-    {
-        std::string bytes;
-        for (const std::uint16_t value : values)
-            Put16(bytes, value);
-        AddEntry(tag, 3, bytes, 2);
-    }
-    void AddLong(std::uint16_t tag, const std::vector<std::uint32_t>& values)
-    {
-        std::string bytes;
-        for (const std::uint32_t value : values)
-            Put32(bytes, value);
-        AddEntry(tag, 4, bytes, 4);
-    }
-
-    void AddEntries(const TiffPageBytes& page, const std::vector<std::uint32_t>& offsets)
-    {
-        m_entries.clear();
-        m_entryCount = 0;
         const unsigned bits = BitsPerPixel(page.depth);
-        AddLong(256, {page.width});
-        AddLong(257, {page.height});
+        auto entries = Page(page.width, page.height, bits, page.compression);
         if (bits % 24 == 0)
-            AddShort(258, std::vector<std::uint16_t>(3, static_cast<std::uint16_t>(bits / 3)));
-        else
-            AddShort(258, {static_cast<std::uint16_t>(bits)});
-        AddShort(259, {page.compression});
-        AddShort(262, {page.photometric});
-        if (!page.description.empty())
-            AddEntry(270, 2, page.description + '\0', 1);
-        AddLong(273, offsets);
-        AddLong(278, {page.rowsPerStrip});
-        std::string resolution;
-        Put32(resolution, page.dotsPerInch);
-        Put32(resolution, 1);
-        AddEntry(282, 5, resolution, 8);
+            entries[kBits].values.assign(3, bits / 3);
+        entries[kPhotometric].values = {page.photometric};
+        entries[kRowsPerStrip].values = {page.rowsPerStrip};
+        entries[kStripOffsets] = {TifEntry::kLong, offsets};
+        entries[kXResolution] = {TifEntry::kRational, {page.dotsPerInch, 1}};
+        if (!page.description.empty()) {
+            entries[kDescription] = {
+                TifEntry::kAscii, {page.description.begin(), page.description.end()}};
+            entries[kDescription].values.push_back(0);
+        }
         if (page.predictor != 1)
-            AddShort(317, {page.predictor});
+            entries[kPredictor] = {TifEntry::kShort, {page.predictor}};
         if (!page.colorMap.empty())
-            AddShort(320, page.colorMap);
-        std::string link;
-        Put32(link, static_cast<std::uint32_t>(m_bytes.size()));
-        m_bytes.replace(m_link, 4, link);
-        Put16(m_bytes, static_cast<std::uint32_t>(m_entryCount));
-        m_bytes += m_entries;
-        m_link = m_bytes.size();
-        Put32(m_bytes, 0);
+            entries[kColorMap] = {TifEntry::kShort, {page.colorMap.begin(), page.colorMap.end()}};
+        return entries;
     }
-
-    ByteOrder m_order;
-    std::string m_bytes;
-    std::string m_entries;
-    int m_entryCount = 0;
-    std::size_t m_link = 4;
 };
 
 /// Bytes that repeat only after a long while.
