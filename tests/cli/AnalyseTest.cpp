@@ -17,10 +17,7 @@ Json Analyse(const std::filesystem::path& file, std::vector<std::string> options
 {
     options.insert(options.begin(), "analyse");
     options.push_back(Text(file));
-    const ProgramRun run = RunCli(options);
-    EXPECT_EQ(run.exitStatus, 0) << run.error;
-    const auto objects = run.Objects();
-    return objects.size() == 1 ? objects[0] : Json();
+    return ObjectOf(options);
 }
 
 /// The figures of the samples first <= i < end of a plane, summed up one by one.
@@ -160,11 +157,7 @@ TEST(Analyse, FailsWithoutAnObjectForALineThatIsNotThere)
     ScanFile scan;
     scan.lines = 2;
     const TempFolder folder;
-    const ProgramRun run =
-        RunCli({"analyse", "--line", "2", Text(folder.Write("a.con", scan.Bytes()))});
-    EXPECT_EQ(run.exitStatus, 1);
-    EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.Errors().size(), 1U);
+    RefusalOf({"analyse", "--line", "2", Text(folder.Write("a.con", scan.Bytes()))});
 }
 
 TEST(Analyse, SurvivesEveryPrefixOfAFile)

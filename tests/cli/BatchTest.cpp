@@ -57,10 +57,7 @@ TEST(Batch, SaysNothingOfFilesThatCannotBeRead)
 {
     const TempFolder folder;
     for (const char* command : {"identify", "header", "analyse"}) {
-        const ProgramRun run = RunCli({command, Text(folder.Path() / "missing")});
-        EXPECT_EQ(run.exitStatus, 1) << command;
-        EXPECT_EQ(run.output, "") << command;
-        EXPECT_EQ(run.Errors().size(), 1U) << command;
+        RefusalOf({command, Text(folder.Path() / "missing")});
     }
 }
 

@@ -1,8 +1,6 @@
 #include "tests/TempFolder.h"
-#include "tests/cli/ProgramRun.h"
+#include "tests/cli/Rendered.h"
 #include "tests/viewers/lightprofile/LightProfileFiles.h"
-
-#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -15,13 +13,10 @@ class LightProfileProgram : public testing::Test {
 protected:
     std::string File(const std::string& bytes) { return Text(folder.Write("file.con", bytes)); }
     std::string Out(const char* name) { return Text(folder.Path() / name); }
-    QImage Render(const std::string& file, const std::vector<std::string>& options = {})
+    static QImage Render(const std::string& file, std::vector<std::string> options = {})
     {
-        std::vector<std::string> arguments{
-            "render", file, "-o", Out("out.png"), "--size", "400x200"};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        return RunCli(arguments).exitStatus == 0 ? QImage(QString::fromStdString(Out("out.png")))
-                                                 : QImage();
+        options.insert(options.end(), {"--size", "400x200"});
+        return Rendered(file, options);
     }
 
     TempFolder folder;
@@ -34,14 +29,13 @@ protected:
 TEST_F(LightProfileProgram, AnalysesKeysAndLength)
 {
     const std::string file = File(signedLine);
-    const ProgramRun run = RunCli({"analyse", file});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
+    const Json object = ObjectOf({"analyse", file});
     const Json expected{{"file", file}, {"kind", "light-profile"},
         {"keys",
             {{"IsSigned_32_Profile", true}, {"ScannerWidth(1/1200)", 144}, {"CameraCount", 2},
                 {"CameraAPix", 2}, {"CameraBPix", 1}, {"Color", 0}}},
         {"data_length", 12}};
-    EXPECT_EQ(run.Objects().at(0).dump(), expected.dump());
+    EXPECT_EQ(object.dump(), expected.dump());
 }
 
 TEST_F(LightProfileProgram, ExportsEveryFormOfFile)

@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 namespace vireo {
 
 namespace {
@@ -56,6 +58,24 @@ ProgramRun RunTool(const std::string& program, const std::vector<std::string>& a
 ProgramRun RunCli(const std::vector<std::string>& arguments)
 {
     return RunTool(VIREO_CLI, arguments);
+}
+
+nlohmann::ordered_json ObjectOf(const std::vector<std::string>& arguments)
+{
+    const ProgramRun run = RunCli(arguments);
+    EXPECT_EQ(run.exitStatus, 0) << run.error;
+    const auto objects = run.Objects();
+    EXPECT_EQ(objects.size(), 1U) << run.error;
+    return objects.size() == 1 ? objects[0] : nlohmann::ordered_json();
+}
+
+std::string RefusalOf(const std::vector<std::string>& arguments)
+{
+    const ProgramRun run = RunCli(arguments);
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.Errors().size(), 1U) << run.error;
+    return run.error;
 }
 
 ProgramRun RunBench(const std::vector<std::string>& arguments)

@@ -22,6 +22,10 @@ struct ProgramRun {
 
 /// Runs a program and waits for its end.
 ProgramRun RunCli(const std::vector<std::string>& arguments);
+/// The one object that vireo-cli prints when all goes well; null, with a failure, when it does not.
+nlohmann::ordered_json ObjectOf(const std::vector<std::string>& arguments);
+/// What vireo-cli says on standard error when it fails for a file: one line, and prints nothing.
+std::string RefusalOf(const std::vector<std::string>& arguments);
 ProgramRun RunBench(const std::vector<std::string>& arguments);
 ProgramRun RunTool(const std::string& program, const std::vector<std::string>& arguments);
 

@@ -1,8 +1,6 @@
 #include "tests/TempFolder.h"
-#include "tests/cli/ProgramRun.h"
+#include "tests/cli/Rendered.h"
 #include "tests/viewers/startest/StarTestFiles.h"
-
-#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -23,9 +21,7 @@ protected:
 TEST_F(StarTestProgram, AnalysesTheFileThatWasWorkedOutByHand)
 {
     const std::string file = File(StarTestStart(1) + HandWorkedSweep());
-    const ProgramRun run = RunCli({"analyse", file});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
-    Json object = run.Objects().at(0);
+    Json object = ObjectOf({"analyse", file});
     Json curves = object["sweeps"][0]["curves"];
     object["sweeps"][0].erase("curves");
     const Json expected{{"file", file}, {"kind", "startest"}, {"version", 1}, {"sweep_count", 1},
@@ -52,9 +48,8 @@ TEST_F(StarTestProgram, AnalysesTheFileThatWasWorkedOutByHand)
 TEST_F(StarTestProgram, TellsWholeCurvesWhenAsked)
 {
     const std::string file = File(StarTestStart(1) + HandWorkedSweep());
-    const ProgramRun run = RunCli({"analyse", "--arrays", file});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
-    const Json curves = run.Objects().at(0)["sweeps"][0]["curves"];
+    const Json object = ObjectOf({"analyse", "--arrays", file});
+    const Json curves = object["sweeps"][0]["curves"];
     EXPECT_EQ(curves["x_line_width"]["values"], (Json{4.0, -1.0, 1.0, 0.0, 0.0, 9.0}));
     for (const auto& curve : curves)
         EXPECT_EQ(curve["values"].size(), 6U);
@@ -62,11 +57,10 @@ TEST_F(StarTestProgram, TellsWholeCurvesWhenAsked)
 
 TEST_F(StarTestProgram, WhatIsNoNumberIsNull)
 {
-    const ProgramRun run = RunCli({"analyse",
+    const Json object = ObjectOf({"analyse",
         File(StarTestStart(1)
             + "Length = 2\nXVib_Start = 0\nXVib_End = 1\n0 nan\n1 5\nEND_DATA\n")});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
-    const Json curve = run.Objects().at(0)["sweeps"][0]["curves"]["x_vibration"];
+    const Json curve = object["sweeps"][0]["curves"]["x_vibration"];
     EXPECT_TRUE(curve["mean"].is_null());
 }
 
@@ -75,9 +69,7 @@ TEST_F(StarTestProgram, AveragesRepeatedSweeps)
     std::string bytes = StarTestStart(9, 2);
     for (int i = 0; i < 6; ++i)
         bytes += PlainSweep(40, i);
-    const ProgramRun run = RunCli({"analyse", File(bytes)});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
-    const Json object = run.Objects().at(0);
+    const Json object = ObjectOf({"analyse", File(bytes)});
     EXPECT_EQ(object["sweep_count"], 9);
     EXPECT_EQ(object["selected_index"], 7);
     EXPECT_EQ(object["sweeps"].size(), 9U);
@@ -88,17 +80,14 @@ TEST_F(StarTestProgram, RendersAndExportsTheSweepAskedFor)
 {
     const std::string file = File(StarTestStart(2) + PlainSweep(400, 1.0) + PlainSweep(300, 3.0));
     const std::string picture = Text(folder.Path() / "out.png");
-    const auto render = [&](std::vector<std::string> options) {
-        options.insert(options.begin(), {"render", file, "-o", picture, "--size", "700x300"});
-        const ProgramRun run = RunCli(options);
-        EXPECT_EQ(run.exitStatus, 0) << run.error;
-        return QImage(QString::fromStdString(picture));
-    };
-    const QImage first = render({});
+    const QImage first = Rendered(file, {"--size", "700x300"});
     ASSERT_EQ(first.size(), QSize(700, 300));
-    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
-             {"--sweep", "1"}, {"--zoom", "4"}, {"--view", "1"}, {"--view", "4"}})
-        EXPECT_NE(render(options), first) << options[0];
+    for (const auto& [option, value] : {std::pair("--sweep", "1"), std::pair("--zoom", "4"),
+             std::pair("--view", "1"), std::pair("--view", "4")}) {
+        const QImage other = Rendered(file, {"--size", "700x300", option, value});
+        EXPECT_EQ(other.size(), first.size()) << option;
+        EXPECT_NE(other, first) << option;
+    }
 
     const std::string table = Text(folder.Path() / "out.csv");
     ASSERT_EQ(RunCli({"export", file, "-o", table, "--sweep", "1"}).exitStatus, 0);
@@ -119,11 +108,8 @@ TEST_F(StarTestProgram, RendersAndExportsTheSweepAskedFor)
 TEST_F(StarTestProgram, SaysOnceWhyAFileFails)
 {
     for (const std::string& bytes : {StarTestStart(3), std::string("[StarTest]\n")}) {
-        const ProgramRun run = RunCli({"analyse", File(bytes)});
-        EXPECT_EQ(run.exitStatus, 1);
-        EXPECT_EQ(run.output, "");
-        ASSERT_EQ(run.Errors().size(), 1U);
-        EXPECT_NE(run.error.find("The star test has no sweeps"), std::string::npos);
+        const std::string error = RefusalOf({"analyse", File(bytes)});
+        EXPECT_NE(error.find("The star test has no sweeps"), std::string::npos);
     }
 }
 

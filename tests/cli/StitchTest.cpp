@@ -1,10 +1,9 @@
 #include "tests/TempFolder.h"
-#include "tests/cli/ProgramRun.h"
+#include "tests/cli/Rendered.h"
 #include "tests/viewers/stitch/StitchFiles.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -49,10 +48,9 @@ TEST_F(StitchProgram, AnalysesThePictureAsItIsDrawn)
 TEST_F(StitchProgram, SizesThatNoDataStandBehindHaveNoPicture)
 {
     for (const std::uint32_t size : {0x7fffffffU, 0xffffffffU}) {
-        const ProgramRun run = RunCli(
+        const Json object = ObjectOf(
             {"analyse", "--as", "stitch", File(OldStitchFile(kGrayStitchType, size, size, "abc"))});
-        EXPECT_EQ(run.exitStatus, 0) << run.error;
-        EXPECT_EQ(run.Objects().at(0)["width"], static_cast<std::int32_t>(size));
+        EXPECT_EQ(object["width"], static_cast<std::int32_t>(size));
     }
 }
 
@@ -62,17 +60,11 @@ TEST_F(StitchProgram, RendersAtOneToOneAndWhole)
     for (int i = 0; i < 200 * 100; ++i)
         pixels += static_cast<char>(i / 200 + i % 200 / 2);
     const std::string file = File(OldStitchFile(kGrayStitchType, 200, 100, pixels));
-    const std::string out = Text(folder.Path() / "out.png");
-    ASSERT_EQ(
-        RunCli({"render", "--as", "stitch", file, "-o", out, "--size", "100x50"}).exitStatus, 0);
-    const QImage oneToOne(QString::fromStdString(out));
+    const QImage oneToOne = Rendered(file, {"--as", "stitch", "--size", "100x50"});
     ASSERT_EQ(oneToOne.size(), QSize(100, 50));
     // In the middle of the width and a third down: from column 50, row 33 - 25.
     EXPECT_EQ(qGray(oneToOne.pixel(10, 20)), 8 + 20 + 60 / 2);
-    ASSERT_EQ(RunCli({"render", "--as", "stitch", "--fit", file, "-o", out, "--size", "100x50"})
-                  .exitStatus,
-        0);
-    const QImage whole(QString::fromStdString(out));
+    const QImage whole = Rendered(file, {"--as", "stitch", "--fit", "--size", "100x50"});
     EXPECT_NEAR(qGray(whole.pixel(80, 20)), 2 * 20 + 2 * 80 / 2, 2);
 }
 

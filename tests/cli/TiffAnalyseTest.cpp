@@ -15,9 +15,7 @@ using Json = nlohmann::ordered_json;
 TEST(TiffAnalyse, AnalysesAPageAndItsPixels)
 {
     const std::string file = std::string(VIREO_SAMPLES) + "/picture-bilevel.tif";
-    const ProgramRun run = RunCli({"analyse", file});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
-    const Json object = run.Objects().at(0);
+    const Json object = ObjectOf({"analyse", file});
     EXPECT_EQ(KeysOf(object),
         (std::vector<std::string>{"file", "kind", "pages", "page", "width", "height",
             "color_depth_code", "resolution", "compression", "photometric", "predictor",

@@ -1,8 +1,6 @@
 #include "tests/TempFolder.h"
-#include "tests/cli/ProgramRun.h"
+#include "tests/cli/Rendered.h"
 #include "tests/viewers/picture/TiffFile.h"
-
-#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -26,20 +24,13 @@ class TiffProgram : public testing::Test {
 protected:
     std::string File(const std::string& bytes) { return Text(folder.Write("picture.tif", bytes)); }
     std::string File(const TiffPageBytes& page) { return File(TiffFile().Add(page).Bytes()); }
-    QImage Render(const std::string& file, std::vector<std::string> options)
-    {
-        const std::string out = Text(folder.Path() / "out.png");
-        options.insert(options.begin(), {"render", file, "-o", out});
-        EXPECT_EQ(RunCli(options).exitStatus, 0);
-        return QImage(QString::fromStdString(out));
-    }
 
     TempFolder folder;
 };
 
 TEST_F(TiffProgram, RendersTheWholePicture)
 {
-    const QImage image = Render(File(Columns()), {});
+    const QImage image = Rendered(File(Columns()));
     ASSERT_EQ(image.size(), QSize(1600, 1000));
     // 8 times as large, it is as wide as the image and 100 lower on both sides.
     for (const int column : {0, 77, 199})
@@ -50,7 +41,7 @@ TEST_F(TiffProgram, RendersTheWholePicture)
 
 TEST_F(TiffProgram, ZoomsAboutTheMiddle)
 {
-    const QImage image = Render(File(Columns()), {"--size", "100x100", "--zoom", "20"});
+    const QImage image = Rendered(File(Columns()), {"--size", "100x100", "--zoom", "20"});
     ASSERT_EQ(image.size(), QSize(100, 100));
     // Half as large and 20 times that: 10 columns from 95 on.
     for (const int column : {95, 99, 104})

@@ -1,8 +1,6 @@
 #include "tests/TempFolder.h"
-#include "tests/cli/ProgramRun.h"
+#include "tests/cli/Rendered.h"
 #include "tests/viewers/tonal/TonalFiles.h"
-
-#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -25,9 +23,7 @@ protected:
 
 TEST_F(TonalProgram, AnalysesEveryFigure)
 {
-    const ProgramRun run = RunCli({"analyse", File(HandFile())});
-    ASSERT_EQ(run.exitStatus, 0) << run.error;
-    const Json object = run.Objects().at(0);
+    const Json object = ObjectOf({"analyse", File(HandFile())});
     EXPECT_EQ(KeysOf(object),
         (std::vector<std::string>{"file", "kind", "version", "scanner_name", "date", "time",
             "serial_no", "chassis_no", "firmware_build", "it8_ref_file", "gamma_slope_limit",
@@ -66,21 +62,16 @@ TEST_F(TonalProgram, NeverChangesItsInput)
     const std::string unmeasured = File(TonalFileOf("ScannerName=Default\n"));
     for (const char* const command : {"analyse", "header", "identify"})
         RunCli({command, unmeasured});
-    const ProgramRun refused = RunCli({"analyse", unmeasured});
-    EXPECT_EQ(refused.exitStatus, 1);
-    EXPECT_EQ(refused.output, "");
-    EXPECT_EQ(refused.Errors().size(), 1U);
+    RefusalOf({"analyse", unmeasured});
     EXPECT_TRUE(std::filesystem::exists(unmeasured));
 }
 
 TEST_F(TonalProgram, RendersEachView)
 {
     const std::string file = File(HandFile());
-    const auto render = [&](const std::vector<std::string>& options) {
-        const std::string out = Text(folder.Path() / "out.png");
-        std::vector<std::string> arguments{"render", file, "-o", out, "--size", "700x400"};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        return RunCli(arguments).exitStatus == 0 ? QImage(QString::fromStdString(out)) : QImage();
+    const auto render = [&file](std::vector<std::string> options) {
+        options.insert(options.end(), {"--size", "700x400"});
+        return Rendered(file, options);
     };
     const QImage fit = render({});
     ASSERT_EQ(fit.size(), QSize(700, 400));

@@ -1,5 +1,4 @@
-#include "platform/Message.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "tests/viewers/lightprofile/LightProfileFiles.h"
 #include "viewers/adjustment/AdjustmentPage.h"
 #include "viewers/adjustment/CAdjustCenterCCD_Dialog.h"
@@ -8,42 +7,22 @@
 #include "viewers/controls/CPicture_Control.h"
 #include "viewers/controls/PlainRows.h"
 
-#include <QAbstractButton>
 #include <QImage>
-#include <QLabel>
 #include <QPainter>
 #include <QStackedWidget>
 #include <QTableWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace vireo {
 namespace {
 
-class CAdjustment_DialogTest : public testing::Test {
+class CAdjustment_DialogTest : public DialogTest<CAdjustment_Dialog> {
 protected:
     template <typename Dialog>
     void Open(const std::string& bytes)
     {
-        dialog = std::make_unique<Dialog>(folder.Write("adjust.con", bytes));
-        dialog->show();
-        QTest::qWait(1);
-    }
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
+        Show(std::make_unique<Dialog>(folder.Write("adjust.con", bytes)));
     }
     QString Page() const { return Find<QStackedWidget>("dataPages").currentWidget()->objectName(); }
-
-    TempFolder folder;
-    MessageRecorder messages;
-    std::unique_ptr<CAdjustment_Dialog> dialog;
 };
 
 TEST_F(CAdjustment_DialogTest, ShowsTheTableAndTheProfile)
@@ -62,10 +41,10 @@ TEST_F(CAdjustment_DialogTest, ShowsTheTableAndTheProfile)
     EXPECT_EQ(plot.View().length, 100.0);
     QTest::mouseClick(&plot, Qt::LeftButton, {}, plot.rect().center());
     EXPECT_EQ(plot.View().length, 50.0);
-    QTest::mouseClick(&Find<QAbstractButton>("zoomAllButton"), Qt::LeftButton);
+    Click("zoomAllButton");
     EXPECT_EQ(plot.View().length, 100.0);
     QTest::mouseMove(&plot, plot.rect().center());
-    EXPECT_NE(Find<QLabel>("cursorText").text().indexOf("Gray 100"), -1);
+    EXPECT_NE(Text("cursorText").find("Gray 100"), std::string::npos);
 }
 
 TEST_F(CAdjustment_DialogTest, ShowsAPictureAndItsPixels)
@@ -75,7 +54,7 @@ TEST_F(CAdjustment_DialogTest, ShowsAPictureAndItsPixels)
     EXPECT_EQ(Page(), "picturePage");
     auto& picture = Find<CPicture_Control>("picture");
     QTest::mouseMove(&picture, picture.PointOf({1, 1}).toPoint());
-    EXPECT_EQ(Find<QLabel>("cursorText").text(), "x 1  y 1    value 100");
+    EXPECT_EQ(Text("cursorText"), "x 1  y 1    value 100");
 }
 
 TEST_F(CAdjustment_DialogTest, SaysThatTheSizesDoNotExplainTheData)
@@ -83,20 +62,18 @@ TEST_F(CAdjustment_DialogTest, SaysThatTheSizesDoNotExplainTheData)
     Open<CVerticalCameraVerification_Dialog>(
         TextFile("[Vertical Camera Verification]", "Width=5\nHeight=2\n", "abcd"));
     EXPECT_EQ(Page(), "messagePage");
-    EXPECT_EQ(Find<QLabel>("messageText").text(),
+    EXPECT_EQ(Text("messageText"),
         "The header's sizes do not explain the data.\n"
         "There are 4 bytes; a line of 5 pixels has 5. Lines by the header: 2.");
     EXPECT_EQ(Find<QTableWidget>("headerTable").rowCount(), 4);
-    EXPECT_FALSE(Find<QAbstractButton>("zoomAllButton").isEnabled());
+    EXPECT_FALSE(Button("zoomAllButton").isEnabled());
     EXPECT_TRUE(messages.Messages().empty());
 }
 
 TEST_F(CAdjustment_DialogTest, TellsWhyAFileCannotBeRead)
 {
     Open<CAdjustCenterCCD_Dialog>(TextFile("[MTF]", "Width=5\n", "abcd"));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("Not a file of the test Adjust Center CCD"),
-        std::string::npos);
+    ExpectMessage("Not a file of the test Adjust Center CCD");
     EXPECT_EQ(Find<QTableWidget>("headerTable").rowCount(), 0);
 }
 

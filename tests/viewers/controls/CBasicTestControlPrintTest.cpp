@@ -1,5 +1,7 @@
 #include "platform/Message.h"
 #include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
+#include "tests/viewers/WidgetTest.h"
 #include "viewers/controls/CBasicTestControl.h"
 #include "viewers/controls/CScrollTextControl.h"
 #include "viewers/controls/Fonts.h"
@@ -136,19 +138,6 @@ TEST_F(PrintTest, ADocumentHoldsAllPages)
     EXPECT_NE(pdf.find("/Count 3"), std::string::npos);
 }
 
-/// The lowest and highest coordinates of what is not white.
-QRect InkOf(const QImage& page)
-{
-    QRect ink;
-    for (int y = 0; y < page.height(); ++y) {
-        for (int x = 0; x < page.width(); ++x) {
-            if (page.pixelColor(x, y) != QColor(Qt::white))
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}
-
 TEST_F(PrintTest, ThePlotKeepsItsProportions)
 {
     // A control of 400 x 200 on a page of 1000 x 1440: 800 x 400 below the margin of 72.
@@ -166,21 +155,10 @@ TEST_F(PrintTest, ThePlotKeepsItsProportions)
     EXPECT_EQ(page.pixelColor(899, 91), QColor(Qt::white));
 }
 
-/// Does something to the dialog that opens next, which blocks meanwhile.
-template <typename Dialog, typename Action>
-void WithNextDialog(Action action)
-{
-    QTimer::singleShot(0, qApp, [action] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        action(*dialog);
-    });
-}
-
 TEST_F(PrintTest, CancellingPrintsNothing)
 {
     MessageRecorder recorder;
-    WithNextDialog<QPrintDialog>([](QPrintDialog& dialog) {
+    InNextWindow<QPrintDialog>([](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.fromPage(), 1);
         EXPECT_EQ(dialog.toPage(), 1);
         EXPECT_EQ(dialog.minPage(), 1);
@@ -195,7 +173,7 @@ TEST_F(PrintTest, CancellingPrintsNothing)
 TEST_F(PrintTest, FailureIsTold)
 {
     MessageRecorder recorder;
-    WithNextDialog<QPrintDialog>([](QPrintDialog& dialog) {
+    InNextWindow<QPrintDialog>([](QPrintDialog& dialog) {
         dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
         dialog.printer()->setOutputFileName(QStringLiteral("/no such folder/page.pdf"));
         dialog.done(QDialog::Accepted);
@@ -210,7 +188,7 @@ TEST_F(PrintTest, FailureIsTold)
 TEST_F(PrintTest, PreviewShowsTheSamePages)
 {
     m_control.SetPageCount(2);
-    WithNextDialog<QPrintPreviewDialog>([this](QPrintPreviewDialog& dialog) {
+    InNextWindow<QPrintPreviewDialog>([this](QPrintPreviewDialog& dialog) {
         QApplication::processEvents();
         EXPECT_EQ(m_control.pages, (std::vector<int>{1, 0}));
         dialog.reject();

@@ -1,4 +1,5 @@
 #include "platform/Message.h"
+#include "tests/viewers/WidgetTest.h"
 #include "viewers/controls/CBasicTestControl.h"
 
 #include <QApplication>
@@ -141,8 +142,7 @@ TEST_F(ShownControl, MovesReachTheOwnerAfterwards)
 
 TEST_F(ShownControl, LeavingMouseSetsASizeOfNothingAndThePlotStays)
 {
-    QEvent leave(QEvent::Leave);
-    QApplication::sendEvent(&control, &leave);
+    LeaveWidget(control);
     EXPECT_EQ(control.events, (std::vector<std::string>{"leave 0 0,0", "size 0 0,0"}));
     EXPECT_EQ(control.ClientWidth(), 300);
     EXPECT_EQ(control.ClientHeight(), 200);

@@ -1,11 +1,9 @@
+#include "tests/viewers/WidgetTest.h"
 #include "viewers/controls/CLPFControle.h"
 
-#include <QImage>
-#include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -45,12 +43,8 @@ protected:
 
     QImage Draw(QSize size, double ratio = 1.0)
     {
-        QImage image(size * ratio, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::magenta);
-        QPainter painter(&image);
-        DrawProfilePlot(painter, size, content);
-        return image;
+        return Drawn(
+            size, ratio, [&](QPainter& painter) { DrawProfilePlot(painter, size, content); });
     }
 
     /// The device pixel at a place of the line and a value.
@@ -152,13 +146,6 @@ protected:
         return {static_cast<int>(std::lround(Scale().XAt(pixel))), 150};
     }
 
-    void TurnWheel(QPoint point, int eighths)
-    {
-        QWheelEvent event(point, control.mapToGlobal(point), {}, {0, eighths}, Qt::NoButton,
-            Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&control, &event);
-    }
-
     ProfileLine line = SpikedLine();
     QScrollBar scrollBar{Qt::Horizontal};
     CLPFControle control;
@@ -181,14 +168,14 @@ TEST_F(CLPFControleTest, TheWheelZoomsAtThePointerAndSumsUpFineSteps)
 {
     const QPoint point = PointAt(15000.0);
     const double pixel = Scale().PixelAt(point.x());
-    TurnWheel(point, 120);
+    TurnWheel(control, point, {0, 120});
     EXPECT_DOUBLE_EQ(control.View().length, 16000.0);
     EXPECT_NEAR(Scale().XAt(pixel), point.x(), 1e-6);
-    TurnWheel(point, 60);
+    TurnWheel(control, point, {0, 60});
     EXPECT_DOUBLE_EQ(control.View().length, 16000.0);
-    TurnWheel(point, 60);
+    TurnWheel(control, point, {0, 60});
     EXPECT_DOUBLE_EQ(control.View().length, 12800.0);
-    TurnWheel(point, -1200);
+    TurnWheel(control, point, {0, -1200});
     EXPECT_EQ(control.View(), ProfileView::Whole(20000));
 }
 
@@ -285,16 +272,10 @@ TEST_F(CLPFControleTest, ThePageKeepsItsMarginsAndProportions)
     detail.SetLine(&line, ShownColour::Green);
     control.SetHeader({"Scanner Name:  Heron 36", "Time:          13:05"});
     for (const QSize size : {QSize(1000, 1400), QSize(1400, 500)}) {
-        QImage paper(size, QImage::Format_RGB32);
-        paper.fill(Qt::white);
-        QPainter painter(&paper);
-        DrawProfilePage(painter, QRectF({0, 0}, size), control.Page({&detail, &detail}));
-        painter.end();
-        QRect ink;
-        for (int y = 0; y < size.height(); ++y)
-            for (int x = 0; x < size.width(); ++x)
-                if (paper.pixelColor(x, y) != QColor(Qt::white))
-                    ink |= QRect(x, y, 1, 1);
+        const QRect ink = InkOf(Drawn(size, 1.0, [&](QPainter& painter) {
+            painter.fillRect(QRect({}, size), Qt::white);
+            DrawProfilePage(painter, QRectF({0, 0}, size), control.Page({&detail, &detail}));
+        }));
         EXPECT_GE(ink.left(), size.width() / 10 - 1);
         EXPECT_LE(ink.right(), size.width() - size.width() / 10);
         EXPECT_GE(ink.top(), size.height() / 20 - 1);

@@ -1,19 +1,11 @@
-#include "platform/Message.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "viewers/controls/CLimitsWatch.h"
 #include "viewers/controls/CVerdict_Dialog.h"
 #include "viewers/controls/CViewerDialog.h"
-#include "viewers/controls/QtText.h"
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QTableWidget>
-#include <QTest>
 #include <QToolButton>
 #include <QVBoxLayout>
-
-#include <gtest/gtest.h>
 
 namespace vireo {
 namespace {
@@ -145,8 +137,7 @@ TEST(LimitsWatch, AnotherFileHasNoVerdictOfTheOneBefore)
 TEST(LimitsWatch, OnlyLimitsThatCanBeReadAreChosen)
 {
     const TempFolder folder;
-    qputenv("XDG_CONFIG_HOME", folder.Path().string().c_str());
-    qputenv("APPDATA", folder.Path().string().c_str());
+    const OwnSettings settings;
     const auto bad = folder.Write("bad.txt", "[noise]\nnothing > 0\n");
     const auto good = folder.Write("good & new.txt", "[noise]\naverages.red > 0\n");
     Script script;
@@ -155,13 +146,7 @@ TEST(LimitsWatch, OnlyLimitsThatCanBeReadAreChosen)
     const MessageRecorder messages;
     QAction* const choose = viewer.findChild<QAction*>("chooseLimits");
     const auto chooseFile = [choose](const std::filesystem::path& file) {
-        QTimer::singleShot(0, [file] {
-            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            edit->setText(QStringFromPath(file));
-            QTest::keyClick(edit, Qt::Key_Return);
-        });
+        NameInNextFileDialog(file);
         choose->trigger();
     };
 

@@ -1,10 +1,10 @@
+#include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/controls/MemoryPicture.h"
 #include "viewers/controls/CPicture_Control.h"
 
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -35,12 +35,6 @@ protected:
     void Click(Qt::MouseButton button, QPoint point)
     {
         QTest::mouseClick(&control, button, {}, point);
-    }
-    void Turn(QPoint point, QPoint angle, Qt::KeyboardModifiers keys = {})
-    {
-        QWheelEvent event(point, control.mapToGlobal(point), {}, angle, Qt::NoButton, keys,
-            Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&control, &event);
     }
     std::int64_t Left() const { return control.View().x.First(control.View().zoom); }
     std::int64_t Top() const { return control.View().y.First(control.View().zoom); }
@@ -99,18 +93,18 @@ TEST_F(CPicture_ControlTest, AClickZoomsAndADragMoves)
 TEST_F(CPicture_ControlTest, TheWheelZoomsAtThePointerAndMovesSideways)
 {
     const auto before = *control.PixelAt(QPoint(300, 50));
-    Turn({300, 50}, {0, 60});
+    TurnWheel(control, {300, 50}, {0, 60});
     EXPECT_EQ(control.View().zoom, 1.0) << "half a step";
-    Turn({300, 50}, {0, 180});
+    TurnWheel(control, {300, 50}, {0, 180});
     EXPECT_EQ(control.View().zoom, 3.0);
     EXPECT_EQ(control.PixelAt(QPoint(300, 50))->x, before.x);
     EXPECT_EQ(control.PixelAt(QPoint(300, 50))->y, before.y);
-    Turn({300, 50}, {0, -480});
+    TurnWheel(control, {300, 50}, {0, -480});
     EXPECT_DOUBLE_EQ(control.View().zoom, 1.0 / 3.0);
     control.OneToOne();
-    Turn({5, 5}, {0, -120}, Qt::ShiftModifier);
+    TurnWheel(control, {5, 5}, {0, -120}, Qt::ShiftModifier);
     EXPECT_EQ(Left(), 840);
-    Turn({5, 5}, {120, 0});
+    TurnWheel(control, {5, 5}, {120, 0});
     EXPECT_EQ(Left(), 800);
 }
 

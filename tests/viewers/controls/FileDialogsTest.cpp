@@ -1,19 +1,11 @@
-#include "platform/Message.h"
 #include "platform/Path.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 
-#include <QApplication>
 #include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace vireo {
 namespace {
@@ -21,34 +13,23 @@ namespace {
 /// Uses the file dialog as a person does, once it is there.
 class FileDialogsTest : public testing::Test {
 protected:
-    FileDialogsTest()
-    {
-        qputenv("XDG_CONFIG_HOME", settings.Path().string().c_str());
-        qputenv("APPDATA", settings.Path().string().c_str());
-    }
-
     /// Types a name and confirms; answers the question whether to replace a file with No.
     void TypeInNextDialog(const QString& name)
     {
-        QTimer::singleShot(0, [this, name] {
-            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            start = PathFromQString(dialog->directory().absolutePath());
-            QTimer::singleShot(0, [this, dialog] {
+        NameInNextFileDialog(PathFromQString(name), [this](QFileDialog& dialog) {
+            start = PathFromQString(dialog.directory().absolutePath());
+            QTimer::singleShot(0, &dialog, [this, &dialog] {
                 if (auto* const box =
                         qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
                     ++questions;
                     QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
-                    QTimer::singleShot(0, dialog, &QDialog::reject);
+                    QTimer::singleShot(0, &dialog, &QDialog::reject);
                 }
             });
-            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-            QTest::keyClick(
-                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
         });
     }
 
-    TempFolder settings;
+    OwnSettings settings;
     TempFolder folder;
     std::filesystem::path start;
     int questions = 0;

@@ -1,3 +1,4 @@
+#include "tests/viewers/WidgetTest.h"
 #include "viewers/controls/CElapsed_Control.h"
 #include "viewers/controls/CScrollTextControl.h"
 #include "viewers/controls/CWidthCenter_Control.h"
@@ -7,11 +8,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHelpEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -149,17 +148,10 @@ TEST(CBasicDrawItem, CornersAreInside)
 TEST(Symbols, ReachAsFarAsAskedForAndNoFarther)
 {
     for (int symbol = 0; symbol <= static_cast<int>(Symbol::Diamond); ++symbol) {
-        QImage paper(80, 80, QImage::Format_RGB32);
-        paper.fill(Qt::white);
-        QPainter dc(&paper);
-        DrawSymbol(dc, static_cast<Symbol>(symbol), {40, 40}, 20, Qt::black);
-        QRect ink;
-        for (int y = 0; y < 80; ++y) {
-            for (int x = 0; x < 80; ++x) {
-                if (paper.pixelColor(x, y) != QColor(Qt::white))
-                    ink |= QRect(x, y, 1, 1);
-            }
-        }
+        const QRect ink = InkOf(Drawn({80, 80}, 1.0, [symbol](QPainter& dc) {
+            dc.fillRect(0, 0, 80, 80, Qt::white);
+            DrawSymbol(dc, static_cast<Symbol>(symbol), {40, 40}, 20, Qt::black);
+        }));
         EXPECT_TRUE(QRect(17, 17, 46, 46).contains(ink)) << symbol;
         EXPECT_GE(ink.width(), 36) << symbol;
         EXPECT_NEAR(ink.center().x(), 40, 2) << symbol;
@@ -231,9 +223,7 @@ TEST_F(ScrolledText, KeysAndWheelScroll)
     EXPECT_EQ(m_control.FirstLine(), 11 - m_control.VisibleLines());
     QTest::keyClick(&m_control, Qt::Key_Home);
     EXPECT_EQ(m_control.FirstLine(), 0);
-    QWheelEvent wheel(QPointF(10, 10), m_control.mapToGlobal(QPointF(10, 10)), {}, {0, -120},
-        Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QGuiApplication::sendEvent(&m_control, &wheel);
+    TurnWheel(m_control, {10, 10}, {0, -120});
     EXPECT_EQ(m_control.FirstLine(), 3);
     EXPECT_EQ(m_control.PlaceAt(PointAt(4, 2)), (CScrollTextControl::Place{4, 2}));
 }

@@ -1,22 +1,13 @@
-#include "platform/Message.h"
 #include "platform/PrivateProfile.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "tests/viewers/lightprofile/LightProfileFiles.h"
 #include "viewers/controls/CLPFControle.h"
 #include "viewers/lightprofile/CView_LPF_Dialog.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLabel>
 #include <QSpinBox>
 #include <QTableWidget>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
 
 namespace vireo {
 namespace {
@@ -30,36 +21,13 @@ std::string Line(int level)
         + std::string(200, static_cast<char>(level + 20));
 }
 
-class CView_LPF_DialogTest : public testing::Test {
+class CView_LPF_DialogTest : public DialogTest<CView_LPF_Dialog> {
 protected:
-    CView_LPF_DialogTest()
-    {
-        // The settings of whoever runs the tests stay as they are.
-        qputenv("XDG_CONFIG_HOME", settings.Path().string().c_str());
-        qputenv("APPDATA", settings.Path().string().c_str());
-    }
-
     void Open(const std::string& bytes)
     {
-        dialog = std::make_unique<CView_LPF_Dialog>(folder.Write("profile.con", bytes));
-        dialog->show();
-        QTest::qWait(1);
+        Show(std::make_unique<CView_LPF_Dialog>(folder.Write("profile.con", bytes)));
     }
 
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
-    }
-    QAbstractButton& Button(const char* name) const { return Find<QAbstractButton>(name); }
-    void Click(const char* name) const
-    {
-        QAbstractButton& button = Button(name);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
-    }
-    std::string Text(const char* label) const { return Find<QLabel>(label).text().toStdString(); }
     CLPFControle& Plot(const char* name) const { return Find<CLPFControle>(name); }
     void PointAt(CLPFControle& plot, double share) const
     {
@@ -68,11 +36,6 @@ protected:
         const double x = std::ceil(scale.left + share * scale.width);
         QTest::mouseMove(&plot, QPointF(x, scale.top + scale.height / 2.0).toPoint());
     }
-
-    TempFolder folder;
-    TempFolder settings;
-    MessageRecorder messages;
-    std::unique_ptr<CView_LPF_Dialog> dialog;
 };
 
 TEST_F(CView_LPF_DialogTest, ShowsAGrayProfileOfTwoCameras)
@@ -117,18 +80,18 @@ TEST_F(CView_LPF_DialogTest, KeysChooseCameraAndLine)
     Open(TextFile("[Light Profile]", kCameras + "Height=2\n", Line(100) + Line(150)));
     EXPECT_TRUE(Find<QSpinBox>("lineSpin").isVisible());
     EXPECT_EQ(Text("lineText"), "of 2");
-    QTest::keyClick(dialog.get(), Qt::Key_B);
+    Key(Qt::Key_B);
     EXPECT_TRUE(Button("cameraBButton").isChecked());
     EXPECT_EQ(Plot("rightPlot").View().End(), 400.0);
-    QTest::keyClick(dialog.get(), Qt::Key_C);
+    Key(Qt::Key_C);
     EXPECT_TRUE(Button("cameraBButton").isChecked()) << "there is no camera C";
-    QTest::keyClick(dialog.get(), Qt::Key_PageDown);
+    Key(Qt::Key_PageDown);
     EXPECT_EQ(Text("valuesText"), "Lowest 150\nHighest 170\nMean 160.0\n8-bit");
-    QTest::keyClick(dialog.get(), Qt::Key_PageDown);
+    Key(Qt::Key_PageDown);
     EXPECT_EQ(Find<QSpinBox>("lineSpin").value(), 2);
-    QTest::keyClick(dialog.get(), Qt::Key_Plus);
+    Key(Qt::Key_Plus);
     EXPECT_NEAR(Plot("overviewPlot").View().length, 320.0, 1e-9);
-    QTest::keyClick(dialog.get(), Qt::Key_Home);
+    Key(Qt::Key_Home);
     EXPECT_EQ(Plot("overviewPlot").View().length, 400.0);
 }
 
@@ -148,11 +111,10 @@ TEST_F(CView_LPF_DialogTest, TheUnitIsShownAndKept)
 TEST_F(CView_LPF_DialogTest, OneMessageForAFileThatEndsEarly)
 {
     Open(TextFile("[Light Profile]", kCameras, Line(100).substr(0, 300)));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("300 of at least 400 pixels"), std::string::npos);
+    ExpectMessage("300 of at least 400 pixels");
     EXPECT_EQ(Plot("overviewPlot").View().length, 300.0) << "what is there is shown";
     Open("[Light Profile]\nDataPointer=      9999\n");
-    EXPECT_EQ(messages.Messages().size(), 2U);
+    EXPECT_EQ(messages.Messages().size(), 1U);
     EXPECT_EQ(Text("valuesText"), "No data");
 }
 
@@ -160,24 +122,21 @@ TEST_F(CView_LPF_DialogTest, ControlHShowsTheHeader)
 {
     Open(TextFile("[Light Profile]", kCameras, Line(100)));
     std::vector<std::string> meanings;
-    QTimer::singleShot(0, [&] {
-        QWidget* const header = QApplication::activeModalWidget();
-        ASSERT_NE(header, nullptr);
-        const auto* table = header->findChild<QTableWidget*>();
+    InNextWindow<QDialog>([&](QDialog& header) {
+        const auto* table = header.findChild<QTableWidget*>();
         for (int row = 0; row < table->rowCount(); ++row)
             meanings.push_back(table->item(row, 2)->text().toStdString());
-        header->close();
+        header.close();
     });
-    QTest::keyClick(dialog.get(), Qt::Key_H, Qt::ControlModifier);
+    Key(Qt::Key_H, Qt::ControlModifier);
     const std::vector<std::string> expected{"Section", "Where the data begin, in bytes",
         "Number of cameras", "Pixels of camera A", "Pixels of camera B",
         "Scan width: 4.00 in, 101.6 mm", "Name of the scanner"};
     EXPECT_EQ(meanings, expected);
 
     Open(OldHeader(16, 4) + "abcd");
-    QTest::keyClick(dialog.get(), Qt::Key_H, Qt::ControlModifier);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages()[0].text, "Old Con-file.\nNo Header Information available");
+    Key(Qt::Key_H, Qt::ControlModifier);
+    ExpectMessage("Old Con-file.\nNo Header Information available");
 }
 
 } // namespace

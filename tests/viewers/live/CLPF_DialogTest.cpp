@@ -9,17 +9,14 @@
 namespace vireo {
 namespace {
 
-class CLPF_DialogTest : public LiveDialogTest {
+class CLPF_DialogTest : public LiveDialogTest<CLPF_Dialog> {
 protected:
     void Open()
     {
-        auto opened = std::make_unique<CLPF_Dialog>(Scanner());
-        live = opened.get();
-        dialog = std::move(opened);
-        dialog->show();
+        Show(std::make_unique<CLPF_Dialog>(Scanner()));
         ASSERT_TRUE(Becomes([this] { return Line().Length() == 21624; }));
     }
-    const ProfileLine& Line() const { return live->Line(); }
+    const ProfileLine& Line() const { return dialog->Line(); }
     /// Mean of pixels of a camera's middle.
     double MeanOf(int camera, Plane plane) const
     {
@@ -28,15 +25,6 @@ protected:
             sum += Line().Of(plane).samples[static_cast<std::size_t>(camera) * 5406 + 2000 + i];
         return sum / 1000.0;
     }
-    void Type(const char* spin, int value)
-    {
-        auto& box = Find<QSpinBox>(spin);
-        box.selectAll();
-        QTest::keyClicks(&box, QString::number(value));
-        QTest::keyClick(&box, Qt::Key_Return);
-    }
-
-    CLPF_Dialog* live = nullptr;
 };
 
 TEST_F(CLPF_DialogTest, ShowsTheLinesThatCome)
@@ -45,9 +33,9 @@ TEST_F(CLPF_DialogTest, ShowsTheLinesThatCome)
     EXPECT_EQ(dialog->windowTitle(), "Light Profile");
     EXPECT_EQ(Text("scannerText"), "SimulatedScanner (SIM1)");
     EXPECT_EQ(Text("paperText"), "Sheet loaded");
-    EXPECT_TRUE(Find<QLabel>("simulatedText").isVisible()) << "nobody takes it for a measurement";
-    EXPECT_FALSE(Find<QLabel>("failureText").isVisible());
-    EXPECT_FALSE(Find<QAbstractButton>("grayButton").isVisible());
+    EXPECT_TRUE(IsVisible("simulatedText")) << "nobody takes it for a measurement";
+    EXPECT_FALSE(IsVisible("failureText"));
+    EXPECT_FALSE(IsVisible("grayButton"));
     const std::string first = Text("noteText");
     ASSERT_TRUE(Becomes([&] { return Text("noteText") != first; }));
     ASSERT_TRUE(Becomes([&] { return Text("rateText").find("lines/s") != std::string::npos; }));
@@ -74,9 +62,9 @@ TEST_F(CLPF_DialogTest, ShowsTheLinesThatCome)
 TEST_F(CLPF_DialogTest, StopsAndStarts)
 {
     Open();
-    EXPECT_EQ(Find<QAbstractButton>("startButton").text(), "S&top");
+    EXPECT_EQ(Button("startButton").text(), "S&top");
     Click("startButton");
-    EXPECT_EQ(Find<QAbstractButton>("startButton").text(), "S&tart");
+    EXPECT_EQ(Button("startButton").text(), "S&tart");
     EXPECT_EQ(Text("rateText"), "stopped");
     QTest::qWait(100); // The line that was being taken may still come.
     const std::string last = Text("noteText");
@@ -111,13 +99,13 @@ TEST_F(CLPF_DialogTest, SetsGainOffsetAndStitch)
     const int gain = Find<QSpinBox>("gainSpin").value();
     const double before = MeanOf(1, Plane::Green);
     const double other = MeanOf(2, Plane::Green);
-    Type("gainSpin", gain - 40);
+    Type<QSpinBox>("gainSpin", QString::number(gain - 40));
     ASSERT_TRUE(Becomes([&] { return MeanOf(1, Plane::Green) < before - 20.0; }));
     EXPECT_NEAR(MeanOf(2, Plane::Green), other, 2.0);
     EXPECT_GT(MeanOf(1, Plane::Red), before - 20.0);
-    Type("offsetSpin", 100);
+    Type<QSpinBox>("offsetSpin", "100");
     ASSERT_TRUE(Becomes([&] { return MeanOf(1, Plane::Green) > before - 10.0; }));
-    Type("stitchSpin", 31);
+    Type<QSpinBox>("stitchSpin", "31");
     Find<QComboBox>("cameraBox").setCurrentIndex(0);
     EXPECT_NE(Find<QSpinBox>("stitchSpin").value(), 31) << "of another boundary";
     ASSERT_TRUE(Becomes([&] {
@@ -134,13 +122,13 @@ TEST_F(CLPF_DialogTest, CorrectionFlattensTheLine)
     EXPECT_LT(Line().Of(Plane::Green).samples[0], 190);
     Click("correctedCheck");
     ASSERT_TRUE(Becomes([&] { return Line().Of(Plane::Green).samples[0] > 195; }));
-    EXPECT_TRUE(Find<QAbstractButton>("correctedCheck").isChecked());
+    EXPECT_TRUE(Button("correctedCheck").isChecked());
 }
 
 TEST_F(CLPF_DialogTest, AveragesAndHolds)
 {
     Open();
-    Type("averageSpin", 8);
+    Type<QSpinBox>("averageSpin", "8");
     ASSERT_TRUE(Becomes([&] { return Text("noteText").rfind("Average of 8 lines", 0) == 0; }));
     EXPECT_TRUE(Line().extras.empty());
     Click("holdCheck");
@@ -162,18 +150,17 @@ TEST_F(CLPF_DialogTest, AFailureIsReportedOnceAndTheDialogGoesOn)
 {
     Open();
     watch.fails = true;
-    ASSERT_TRUE(Becomes([&] { return Find<QLabel>("failureText").isVisible(); }));
+    ASSERT_TRUE(Becomes([&] { return IsVisible("failureText"); }));
     EXPECT_EQ(Text("failureText"), "Unknown Error.");
-    EXPECT_EQ(Find<QAbstractButton>("startButton").text(), "S&tart");
+    EXPECT_EQ(Button("startButton").text(), "S&tart");
     QTest::qWait(100);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages()[0].text, "Could not find ErrorOut.dll");
+    ExpectMessage("Could not find ErrorOut.dll");
     const std::string kept = TempFolder::Read(settings.Path() / "LastError.txt");
     EXPECT_EQ(kept.find("Unknown Error."), kept.rfind("Unknown Error.")) << "once";
 
     watch.fails = false;
     Click("startButton");
-    EXPECT_FALSE(Find<QLabel>("failureText").isVisible());
+    EXPECT_FALSE(IsVisible("failureText"));
     const std::string last = Text("noteText");
     EXPECT_TRUE(Becomes([&] { return Text("noteText") != last; }));
     EXPECT_EQ(watch.opens, 2);
@@ -183,9 +170,9 @@ TEST_F(CLPF_DialogTest, ABlackAndWhiteScannerHasGrayOnly)
 {
     setup.mode = 0;
     Open();
-    EXPECT_TRUE(Find<QAbstractButton>("grayButton").isVisible());
+    EXPECT_TRUE(IsVisible("grayButton"));
     for (const char* button : {"redButton", "greenButton", "blueButton", "allButton"})
-        EXPECT_FALSE(Find<QAbstractButton>(button).isVisible()) << button;
+        EXPECT_FALSE(IsVisible(button)) << button;
     EXPECT_TRUE(Line().Of(Plane::Red).samples.empty());
     EXPECT_TRUE(Find<QSpinBox>("gainSpin").isEnabled());
 }

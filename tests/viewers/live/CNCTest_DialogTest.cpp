@@ -8,7 +8,7 @@ namespace vireo {
 namespace {
 
 /// The live check; the dialog's use as a viewer of files is tested with the noise viewer's.
-class CNCTest_DialogTest : public LiveDialogTest {
+class CNCTest_DialogTest : public LiveDialogTest<CNCTest_Dialog> {
 protected:
     /// `gain`: how far the second camera's green gain is off.
     void Open(int gain = 0)
@@ -18,12 +18,10 @@ protected:
         const int adjusted = scanner.values.ValueOf(ScannerSetting::Gain, place).value_or(0);
         EXPECT_EQ(scanner.device->SetValue(ScannerSetting::Gain, place, adjusted + gain),
             ScannerError::Ok);
-        dialog = std::make_unique<CNCTest_Dialog>(std::move(scanner));
-        dialog->show();
+        Show(std::make_unique<CNCTest_Dialog>(std::move(scanner)));
         // The first lines are not corrected yet.
         ASSERT_TRUE(Becomes([this] {
-            return Record().m_iLineLength == 21624
-                && Find<QAbstractButton>("correctedCheck").isChecked();
+            return Record().m_iLineLength == 21624 && Button("correctedCheck").isChecked();
         }));
         messages.Clear(); // That the station has no limit.
     }
@@ -47,7 +45,7 @@ TEST_F(CNCTest_DialogTest, AGoodScannerPasses)
     EXPECT_GT(VerdictColour().green(), VerdictColour().red() + 50);
     EXPECT_EQ(Text("limitText"), " Limit = 5 %");
     EXPECT_EQ(Text("averageText"), "Avg = 80%");
-    EXPECT_TRUE(Find<QLabel>("simulatedText").isVisible());
+    EXPECT_TRUE(IsVisible("simulatedText"));
     EXPECT_EQ(Record().m_ScannerName, "SimulatedScanner");
     EXPECT_DOUBLE_EQ(Record().m_dWidthFactor, 8.5);
 }
@@ -131,7 +129,7 @@ TEST_F(CNCTest_DialogTest, LeavesTheScannersCorrectionAsItWas)
     OpenScanner opened;
     ASSERT_FALSE(OpenDevice(std::make_unique<Kept>(watch, direct, correction), opened));
     dialog = std::make_unique<CNCTest_Dialog>(std::move(opened));
-    ASSERT_TRUE(Becomes([this] { return Find<QAbstractButton>("correctedCheck").isChecked(); }));
+    ASSERT_TRUE(Becomes([this] { return Button("correctedCheck").isChecked(); }));
     dialog.reset();
     EXPECT_EQ(correction, 0);
     EXPECT_EQ(watch.closes, 1);

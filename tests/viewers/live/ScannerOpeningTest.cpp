@@ -7,7 +7,7 @@
 namespace vireo {
 namespace {
 
-class ScannerOpeningTest : public LiveDialogTest {
+class ScannerOpeningTest : public LiveDialogTest<> {
 protected:
     /// Presses buttons of the question, one each time that it comes.
     void Answer(QList<QString> buttons)
@@ -43,8 +43,7 @@ TEST_F(ScannerOpeningTest, WithoutAScannerError101IsReportedAndTheUserMayLeave)
     EXPECT_FALSE(OpenChosenScanner(file, nullptr));
     ASSERT_EQ(texts.size(), 1U);
     EXPECT_EQ(texts[0].rfind("No scanner found.", 0), 0U);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages()[0].text, "Could not find ErrorOut.dll");
+    ExpectMessage("Could not find ErrorOut.dll");
     EXPECT_NE(TempFolder::Read(settings.Path() / "LastError.txt")
                   .find("Error:        0x  65\nText:         'No scanner found."),
         std::string::npos);

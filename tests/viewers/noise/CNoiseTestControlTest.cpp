@@ -1,14 +1,12 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/noise/NoiseFiles.h"
 #include "viewers/controls/ProfilePlot.h"
 #include "viewers/noise/CNoiseTestControl.h"
 #include "viewers/noise/NoiseData.h"
 
-#include <QImage>
-#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -38,12 +36,8 @@ protected:
 
     QImage Draw(QSize size, double ratio = 1.0) const
     {
-        QImage image(size * ratio, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::magenta);
-        QPainter painter(&image);
-        DrawNoisePlot(painter, size, content);
-        return image;
+        return Drawn(
+            size, ratio, [&](QPainter& painter) { DrawNoisePlot(painter, size, content); });
     }
 
     static QColor ColourAt(const QImage& image, double x, double y)
@@ -197,18 +191,13 @@ TEST_F(CNoiseTestControlTest, ScrollBarAndViewFollowEachOther)
 TEST_F(CNoiseTestControlTest, TheWheelZoomsAtThePointer)
 {
     const QPoint point = PointAt(0.25);
-    const auto turn = [&](int eighths) {
-        QWheelEvent event(point, control.mapToGlobal(point), {}, {0, eighths}, Qt::NoButton,
-            Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&control, &event);
-    };
-    turn(120);
+    TurnWheel(control, point, {0, 120});
     EXPECT_EQ(control.View(), (NoiseView{7500, 2}));
-    turn(60);
+    TurnWheel(control, point, {0, 60});
     EXPECT_EQ(control.View().zoom, 2);
-    turn(60);
+    TurnWheel(control, point, {0, 60});
     EXPECT_EQ(control.View().zoom, 4);
-    turn(-360);
+    TurnWheel(control, point, {0, -360});
     EXPECT_EQ(control.View(), (NoiseView{10000, 1}));
 }
 

@@ -1,6 +1,5 @@
-#include "platform/Message.h"
 #include "platform/PrivateProfile.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "tests/viewers/DropFiles.h"
 #include "tests/viewers/noise/NoiseFiles.h"
 #include "viewers/controls/PositionUnit.h"
@@ -8,67 +7,29 @@
 #include "viewers/noise/CNoiseTestControl.h"
 #include "viewers/noise/CNoiseTest_SM_Dialog.h"
 
-#include <QLabel>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <memory>
-
 namespace vireo {
 namespace {
 
 const std::string kPlanes =
     FlatPlane(1000, 100) + FlatPlane(1000, 150) + FlatPlane(1000, 200) + FlatPlane(1000, 50);
 
-class NoiseDialogsTest : public testing::Test {
+class NoiseDialogsTest : public DialogTest<> {
 protected:
-    NoiseDialogsTest()
-    {
-        // The settings of whoever runs the tests stay as they are.
-        qputenv("XDG_CONFIG_HOME", settings.Path().string().c_str());
-        qputenv("APPDATA", settings.Path().string().c_str());
-    }
-
     template <typename Dialog>
     void Open(const std::string& bytes)
     {
-        dialog = std::make_unique<Dialog>(folder.Write("noise.con", bytes));
-        dialog->show();
-        QTest::qWait(1);
+        Show(std::make_unique<Dialog>(folder.Write("noise.con", bytes)));
     }
     void OpenColour(bool withGray = false)
     {
         Open<CNoiseTest_SM_Dialog>(TextNoiseFile(
             "Color=Red:Green:Blue\nLength=1000\n", kPlanes.substr(0, withGray ? 4000 : 3000)));
     }
-
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
-    }
-    QAbstractButton& Button(const char* name) const { return Find<QAbstractButton>(name); }
-    void Click(const char* name) const
-    {
-        QAbstractButton& button = Button(name);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
-    }
-    std::string Text(const char* label) const { return Find<QLabel>(label).text().toStdString(); }
     CNoiseTestControl& Plot() const { return Find<CNoiseTestControl>("plot"); }
     static std::string KeptUnit()
     {
         return PrivateProfile(UnitSettingsFile()).ReadString("Miscellaneous", "Unit", "none");
     }
-
-    TempFolder folder;
-    TempFolder settings;
-    MessageRecorder messages;
-    std::unique_ptr<QDialog> dialog;
 };
 
 TEST_F(NoiseDialogsTest, ShowsAColourFile)
@@ -171,8 +132,7 @@ TEST_F(NoiseDialogsTest, WritesTheCursorsPosition)
 TEST_F(NoiseDialogsTest, TellsWhatCannotBeReadAndStaysEmpty)
 {
     Open<CNoiseTest_SM_Dialog>(BinaryNoiseHeader(1000, false, 18) + kPlanes);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("Not a noise test file"), std::string::npos);
+    ExpectMessage("Not a noise test file");
     EXPECT_EQ(Text("averageText"), "Average:  0");
     EXPECT_EQ(Plot().Content().data->m_iLineLength, 0);
 }
@@ -195,8 +155,7 @@ TEST_F(NoiseDialogsTest, TheNoiseCheckShowsTheSameData)
 TEST_F(NoiseDialogsTest, TheNoiseCheckMissesTheStationsLimit)
 {
     Open<CNCTest_Dialog>(TextNoiseFile("Color=Gray\n", kPlanes.substr(0, 1000)));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages()[0].text, "Noise Test Value not found in Fct_Tst6.INI.");
+    ExpectMessage("Noise Test Value not found in Fct_Tst6.INI.");
     EXPECT_EQ(Text("limitText"), " Limit = 5 %");
     EXPECT_TRUE(Button("greenButton").isChecked());
 }

@@ -1,69 +1,43 @@
-#include "platform/Message.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
+#include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/picture/TiffFile.h"
-#include "viewers/controls/QtText.h"
 #include "viewers/picture/CPictureView_Control.h"
 #include "viewers/picture/CPictureView_Dialog.h"
 #include "viewers/picture/PictureData.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
 
 namespace vireo {
 namespace {
 
 constexpr std::uint16_t kPackBits = 32773;
 
-class CPictureView_DialogTest : public testing::Test {
+class CPictureView_DialogTest : public DialogTest<CPictureView_Dialog> {
 protected:
     void Open(const std::string& bytes)
     {
-        Show(std::make_unique<CPictureView_Dialog>(folder.Write("picture.tif", bytes)));
+        OpenView(std::make_unique<CPictureView_Dialog>(folder.Write("picture.tif", bytes)));
     }
     void Open(const TiffPageBytes& page, ByteOrder order = ByteOrder::Little)
     {
         Open(TiffFile(order).Add(page).Bytes());
     }
-    void Show(std::unique_ptr<CPictureView_Dialog> opened)
+    void OpenView(std::unique_ptr<CPictureView_Dialog> opened)
     {
-        dialog = std::move(opened);
-        dialog->resize(1000, 700);
-        dialog->show();
+        Show(std::move(opened), {1000, 700});
         WaitUntilLoaded();
     }
     void WaitUntilLoaded()
     {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !dialog->Loader().IsRunning(); }, 60'000));
+        EXPECT_TRUE(Becomes([this] { return !dialog->Loader().IsRunning(); }));
         QTest::qWait(100); // The dialog has looked at it since.
     }
-
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
-    }
-    void Click(const char* name) const
-    {
-        auto& button = Find<QAbstractButton>(name);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
-    }
-    std::string Text(const char* label) const { return Find<QLabel>(label).text().toStdString(); }
     CPictureView_Control& Plot() const { return Find<CPictureView_Control>("plot"); }
 
     /// A point of the plot that shows a pixel, well inside of it at large zooms.
@@ -81,10 +55,6 @@ protected:
         QTest::mouseMove(&Plot(), PointOf(column, row));
         QTest::qWait(1);
     }
-
-    TempFolder folder;
-    MessageRecorder messages;
-    std::unique_ptr<CPictureView_Dialog> dialog;
 };
 
 TEST_F(CPictureView_DialogTest, ShowsABilevelPicture)
@@ -160,8 +130,7 @@ TEST_F(CPictureView_DialogTest, TellsWhichCameraSawAPixel)
     PointAt(20, 30);
     EXPECT_EQ(Text("cameraText"), "Camera B");
     QTest::mouseMove(dialog.get(), QPoint(990, 690));
-    QEvent leave(QEvent::Leave);
-    QApplication::sendEvent(&Plot(), &leave);
+    LeaveWidget(Plot());
     EXPECT_EQ(Text("positionText"), "");
 }
 
@@ -192,7 +161,7 @@ TEST_F(CPictureView_DialogTest, GoesThroughThePages)
     }
     Open(file.Bytes());
     EXPECT_EQ(Text("pagesText"), "of 3");
-    EXPECT_FALSE(Find<QPushButton>("previousPageButton").isEnabled());
+    EXPECT_FALSE(Button("previousPageButton").isEnabled());
     Plot().Navigation().ZoomIn();
     const double zoom = Plot().View().zoom;
     Click("nextPageButton");
@@ -202,8 +171,8 @@ TEST_F(CPictureView_DialogTest, GoesThroughThePages)
     QTest::keyClick(&Find<QSpinBox>("pageSpin"), Qt::Key_Up);
     WaitUntilLoaded();
     EXPECT_EQ(ColourOf(15, 10), QColor(0xF0, 0xF0, 0xF0));
-    EXPECT_FALSE(Find<QPushButton>("nextPageButton").isEnabled());
-    QTest::keyClick(dialog.get(), Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_FALSE(Button("nextPageButton").isEnabled());
+    Key(Qt::Key_PageUp, Qt::ControlModifier);
     WaitUntilLoaded();
     EXPECT_EQ(Find<QSpinBox>("pageSpin").value(), 2);
     EXPECT_TRUE(messages.Messages().empty());
@@ -217,8 +186,7 @@ TEST_F(CPictureView_DialogTest, ShowsWhatADamagedFileStillHas)
     page.pixels = std::string(1600, '\x60');
     const std::string bytes = TiffFile().Add(page).Bytes();
     Open(bytes.substr(0, bytes.size() - 20 * 40));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("\nCan't read tif-file"), std::string::npos);
+    ExpectMessage("\nCan't read tif-file");
     EXPECT_EQ(ColourOf(20, 19), QColor(0x60, 0x60, 0x60));
     EXPECT_NE(ColourOf(20, 20), QColor(0x60, 0x60, 0x60));
     EXPECT_EQ(Text("noteText"), "Rows 20 to 39 are not in the file.");
@@ -233,15 +201,12 @@ TEST_F(CPictureView_DialogTest, RefusesWithOneMessage)
         const char* text;
     };
     TiffFile looping = TiffFile().Add(CameraPage());
-    std::string comesBack = looping.Bytes();
-    comesBack.replace(looping.LinkOffset(), 4, comesBack.substr(4, 4));
+    looping.LinkTo(8); // The first page, behind the header.
     for (const Row& row : {Row{"no picture", "\nTif format error"},
-             Row{"", "\nCan't read tif-file"}, Row{comesBack, "\nTif format error"}}) {
-        messages.Clear();
+             Row{"", "\nCan't read tif-file"}, Row{looping.Bytes(), "\nTif format error"}}) {
         Open(row.bytes);
-        ASSERT_EQ(messages.Messages().size(), 1U);
-        EXPECT_NE(messages.Messages()[0].text.find(row.text), std::string::npos);
-        EXPECT_FALSE(Find<QPushButton>("saveButton").isEnabled());
+        ExpectMessage(row.text);
+        EXPECT_FALSE(Button("saveButton").isEnabled());
         EXPECT_EQ(Text("sizeText"), "");
         PointAt(0, 0);
         EXPECT_EQ(Text("positionText"), "");
@@ -250,27 +215,15 @@ TEST_F(CPictureView_DialogTest, RefusesWithOneMessage)
 
 TEST_F(CPictureView_DialogTest, SavesThePageInAnotherForm)
 {
-    // Where the user was last is kept among the settings.
-    qputenv("XDG_CONFIG_HOME", folder.Path().string().c_str());
-    qputenv("APPDATA", folder.Path().string().c_str());
     TiffPageBytes page = CameraPage();
     page.pixels = VariedBytes(page.pixels.size());
     Open(page);
     const std::filesystem::path target = folder.Path() / "saved.tif";
-    const auto typeName = [&target] {
-        auto* const files = QApplication::activeModalWidget();
-        auto* const name = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        ASSERT_NE(name, nullptr);
-        name->setText(QStringFromPath(target));
-        QTest::keyClick(name, Qt::Key_Return);
-    };
-    QTimer::singleShot(0, [typeName] {
-        auto* const forms = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(forms, nullptr);
-        EXPECT_EQ(forms->textValue(), "Uncompressed") << "as it is, unless another is chosen";
-        forms->setTextValue(QStringLiteral("LZW with horizontal differencing"));
-        QTimer::singleShot(0, typeName);
-        forms->accept();
+    InNextWindow<QInputDialog>([&target](QInputDialog& forms) {
+        EXPECT_EQ(forms.textValue(), "Uncompressed") << "as it is, unless another is chosen";
+        forms.setTextValue(QStringLiteral("LZW with horizontal differencing"));
+        NameInNextFileDialog(target);
+        forms.accept();
     });
     Click("saveButton");
     PictureData saved;
@@ -295,7 +248,7 @@ TEST_F(CPictureView_DialogTest, BeginsAtAMarkedPixel)
     page.pixels = std::string(3000, '\x70');
     const MarkedPicture picture{
         folder.Write("raw.tif", TiffFile().Add(page).Bytes()), {{1000, 700}}, {1010, 720}};
-    Show(std::make_unique<CPictureView_Dialog>(picture));
+    OpenView(std::make_unique<CPictureView_Dialog>(picture));
     EXPECT_EQ(Plot().View().zoom, 1.0);
     EXPECT_EQ(Plot().View().x.centre, 1010);
     EXPECT_EQ(Plot().View().y.centre, 720);
@@ -349,14 +302,13 @@ TEST_F(CPictureView_DialogTest, LoadingCanBeCancelled)
         folder.Write("long.tif", TiffFile().Add(LongToLoad()).Bytes()));
     dialog->show();
     ASSERT_TRUE(dialog->Loader().IsRunning());
-    EXPECT_TRUE(
-        QTest::qWaitFor([this] { return Find<QProgressBar>("progressBar").value() > 0; }, 60'000));
+    EXPECT_TRUE(Becomes([this] { return Find<QProgressBar>("progressBar").value() > 0; }));
     EXPECT_GT(Plot().Content().coveredRows, 0) << "what is loaded can be seen";
     Click("cancelButton");
     EXPECT_FALSE(dialog->Loader().IsRunning());
     EXPECT_FALSE(dialog->Loader().Picture().IsLoaded());
     EXPECT_TRUE(Text("noteText").ends_with(" to 19999 are not loaded.")) << Text("noteText");
-    EXPECT_FALSE(Find<QWidget>("loadingRow").isVisible());
+    EXPECT_FALSE(IsVisible("loadingRow"));
     EXPECT_TRUE(messages.Messages().empty());
 }
 

@@ -1,4 +1,5 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/startest/StarTestFiles.h"
 #include "viewers/controls/Colours.h"
 #include "viewers/startest/CA2_StarTest_Control.h"
@@ -7,7 +8,6 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -65,9 +65,7 @@ protected:
     void Click(QPoint point) { QTest::mouseClick(&plot, Qt::LeftButton, {}, point); }
     void Wheel(QPoint point, int steps, Qt::KeyboardModifiers keys = {})
     {
-        QWheelEvent event(point, plot.mapToGlobal(point), {}, {0, 120 * steps}, Qt::NoButton, keys,
-            Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&plot, &event);
+        TurnWheel(plot, point, {0, 120 * steps}, keys);
     }
     std::optional<QPoint> LegendPlace(std::size_t slot) const
     {
@@ -269,9 +267,8 @@ TEST_F(StarTestControl, TheCursorReadsTheLine)
     QTest::mouseMove(&plot, {340, 30});
     EXPECT_EQ(plot.CursorLine(), -1);
     EXPECT_EQ(plot.grab().toImage().pixelColor(340, 300), QColor(Qt::white));
-    QEvent leave(QEvent::Leave);
     QTest::mouseMove(&plot, {340, 200});
-    QCoreApplication::sendEvent(&plot, &leave);
+    LeaveWidget(plot);
     EXPECT_EQ(plot.CursorLine(), -1);
     EXPECT_EQ(plot.ClientWidth(), kWidth - 1); // The size that a leaving mouse sets does not last.
 }

@@ -1,20 +1,12 @@
-#include "platform/Log.h"
-#include "platform/Message.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "tests/viewers/startest/StarTestFiles.h"
 #include "viewers/controls/PictureMark.h"
 #include "viewers/controls/ViewerHost.h"
 #include "viewers/startest/CA2_StarTest_Control.h"
 #include "viewers/startest/CStarTest_Dialog.h"
 
-#include <QAbstractButton>
 #include <QDoubleSpinBox>
-#include <QLabel>
-#include <QTest>
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <optional>
 
 namespace vireo {
@@ -38,39 +30,19 @@ public:
     std::optional<MarkedPicture> opened;
 };
 
-class StarTestDialog : public testing::Test {
+class StarTestDialog : public DialogTest<CStarTest_Dialog> {
 protected:
-    StarTestDialog() { log_Init("star", ".log", folder.Path()); }
-    ~StarTestDialog() override { log_Close(); }
-
     void Open(const std::filesystem::path& file)
     {
-        dialog = std::make_unique<CStarTest_Dialog>(file, host);
-        dialog->show();
+        Show(std::make_unique<CStarTest_Dialog>(file, host));
         QTRY_VERIFY_WITH_TIMEOUT(HasRead(), 5000);
     }
     /// A file is read once the dialog is on the screen: afterwards its name stands below the plot,
     /// or a message has come.
     bool HasRead() const { return !Text("fileText").empty() || !messages.Messages().empty(); }
-
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
-    }
-    void Click(const char* name) const
-    {
-        QTest::mouseClick(&Find<QAbstractButton>(name), Qt::LeftButton, {}, QPoint(8, 8));
-    }
-    std::string Text(const char* label) const { return Find<QLabel>(label).text().toStdString(); }
     CA2_StarTest_Control& Plot() const { return Find<CA2_StarTest_Control>("plot"); }
 
-    TempFolder folder;
-    MessageRecorder messages;
     RecordingHost host;
-    std::unique_ptr<CStarTest_Dialog> dialog;
 };
 
 TEST_F(StarTestDialog, ShowsTheSweepsOfAFile)
@@ -84,8 +56,7 @@ TEST_F(StarTestDialog, ShowsTheSweepsOfAFile)
     Plot().SelectSweep(1);
     EXPECT_EQ(Text("sweepText"), "Sweep 2 of 2\n300 dpi, mono\nScan speed 0\n600 lines, 5.1 cm");
     EXPECT_TRUE(messages.Messages().empty());
-    EXPECT_NE(TempFolder::Read(log_FilePath()).find("BOOL CStarTest_Dialog::OnInitDialog()"),
-        std::string::npos);
+    EXPECT_NE(settings.Log().find("BOOL CStarTest_Dialog::OnInitDialog()"), std::string::npos);
 }
 
 TEST_F(StarTestDialog, KeepsWhatItShowsWhenAFileCannotBeRead)
@@ -93,18 +64,12 @@ TEST_F(StarTestDialog, KeepsWhatItShowsWhenAFileCannotBeRead)
     Open(folder.Write("star.con", StarTestStart(1) + PlainSweep(300)));
     dialog = nullptr;
     Open(folder.Path() / "missing.con");
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("No such file"), std::string::npos);
+    ExpectMessage("No such file");
     EXPECT_EQ(Plot().Curves().Points(), 0);
-    messages.Clear();
     Open(folder.Write("other.con", "[Noise Test]\n"));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("Not a star test file"), std::string::npos);
-    messages.Clear();
+    ExpectMessage("Not a star test file");
     Open(folder.Write("empty.con", StarTestStart(2) + "END_DATA\nEND_DATA\n"));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("No sweep of the star test has any lines"),
-        std::string::npos);
+    ExpectMessage("No sweep of the star test has any lines");
 }
 
 TEST_F(StarTestDialog, TheScaleIsChosenBesideThePlot)
@@ -130,8 +95,7 @@ TEST_F(StarTestDialog, OpensTheMarkedPictureOfTheSweep)
     Open(folder.Write("star.con", StarTestStart(2) + PlainSweep(300) + PlainSweep(300)));
     Plot().SelectSweep(1);
     Click("pictureButton");
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("StarTest_Raw_01.tif"), std::string::npos);
+    ExpectMessage("StarTest_Raw_01.tif");
     EXPECT_FALSE(host.opened);
     const auto picture = folder.Write("StarTest_Raw_01.tif", "II");
     QTest::mouseMove(&Plot(), {Plot().PlotLeft() + 50, Plot().height() / 2});

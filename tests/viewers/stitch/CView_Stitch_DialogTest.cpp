@@ -1,17 +1,10 @@
-#include "platform/Message.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "tests/viewers/stitch/StitchFiles.h"
 #include "viewers/stitch/CView_Stitch_Dialog.h"
 
-#include <QLabel>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 
 namespace vireo {
 namespace {
@@ -36,29 +29,14 @@ std::string Pixels()
     return pixels;
 }
 
-class CView_Stitch_DialogTest : public testing::Test {
+class CView_Stitch_DialogTest : public DialogTest<CView_Stitch_Dialog> {
 protected:
     void Open(const std::string& bytes)
     {
-        dialog = std::make_unique<CView_Stitch_Dialog>(folder.Write("a.con", bytes));
-        dialog->resize(900, 600);
-        dialog->show();
-        QTest::qWait(1);
-    }
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
+        Show(std::make_unique<CView_Stitch_Dialog>(folder.Write("a.con", bytes)), {900, 600});
     }
     CPicture_Control& Picture() const { return Find<CPicture_Control>("picture"); }
     const PictureView& View() const { return Picture().View(); }
-    std::string Text(const char* label) const { return Find<QLabel>(label).text().toStdString(); }
-    void Click(const char* button) const
-    {
-        QTest::mouseClick(&Find<QPushButton>(button), Qt::LeftButton);
-    }
     /// The points of the picture all around show the pixels that the file has there.
     void ExpectPixels() const
     {
@@ -70,10 +48,6 @@ protected:
                 << pixel->x << ", " << pixel->y;
         }
     }
-
-    TempFolder folder;
-    MessageRecorder messages;
-    std::unique_ptr<CView_Stitch_Dialog> dialog;
 };
 
 TEST_F(CView_Stitch_DialogTest, BeginsInTheMiddleAThirdDown)
@@ -189,8 +163,7 @@ TEST_F(CView_Stitch_DialogTest, OldFilesHaveNoHeaderToShow)
 {
     Open(OldStitchFile(kGrayStitchType, 300, 20, std::string(6000, 'x')));
     QTest::keyClick(dialog.get(), Qt::Key_H, Qt::ControlModifier);
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages()[0].text, "Old Con-file.\nNo Header Information available");
+    ExpectMessage("Old Con-file.\nNo Header Information available");
 }
 
 TEST_F(CView_Stitch_DialogTest, IsNotOpenedWithoutAFile)

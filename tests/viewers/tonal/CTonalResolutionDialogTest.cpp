@@ -1,60 +1,25 @@
-#include "platform/Log.h"
-#include "platform/Message.h"
 #include "tests/FileSizeLimit.h"
-#include "tests/TempFolder.h"
+#include "tests/viewers/DialogTest.h"
 #include "tests/viewers/tonal/TonalFiles.h"
 #include "viewers/controls/CScrollTextControl.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/tonal/CTonalResolutionDialog.h"
 #include "viewers/tonal/CTonalResolution_Control.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QImage>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 namespace vireo {
 namespace {
 
-class CTonalResolutionDialogTest : public testing::Test {
+class CTonalResolutionDialogTest : public DialogTest<CTonalResolutionDialog> {
 protected:
-    CTonalResolutionDialogTest()
-    {
-        qputenv("XDG_CONFIG_HOME", settings.Path().string().c_str());
-        qputenv("APPDATA", settings.Path().string().c_str());
-        EXPECT_TRUE(log_Init("tonal", ".log", settings.Path()));
-    }
-    ~CTonalResolutionDialogTest() override { log_Close(); }
-
     void Open(const std::string& bytes) { OpenPath(file = folder.Write("t.con", bytes)); }
     void OpenPath(const std::filesystem::path& path)
     {
-        dialog = std::make_unique<CTonalResolutionDialog>(path);
-        dialog->show();
-        QTest::qWait(1);
+        Show(std::make_unique<CTonalResolutionDialog>(path));
     }
 
-    template <typename Widget>
-    Widget& Find(const char* name) const
-    {
-        auto* const widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return *widget;
-    }
-    QAbstractButton& Button(const char* name) const { return Find<QAbstractButton>(name); }
-    void Click(const char* name) const
-    {
-        QTest::mouseClick(&Button(name), Qt::LeftButton, {}, {8, Button(name).height() / 2});
-    }
     CTonalResolution_Control& Plot() const { return Find<CTonalResolution_Control>("plot"); }
     CScrollTextControl& Report() const { return Find<CScrollTextControl>("reportText"); }
     std::string Notice() const
@@ -66,22 +31,12 @@ protected:
     /// Confirms a name in the file dialog that comes next.
     void TypeInNextDialog(const std::filesystem::path& path)
     {
-        QTimer::singleShot(0, [this, path] {
-            auto* const asked = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(asked, nullptr);
-            isLoadEnabledMeanwhile = Button("loadButton").isEnabled();
-            auto* const name = asked->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            name->setText(QStringFromPath(path));
-            QTest::keyClick(name, Qt::Key_Return);
-        });
+        NameInNextFileDialog(path,
+            [this](QFileDialog&) { isLoadEnabledMeanwhile = Button("loadButton").isEnabled(); });
     }
 
-    TempFolder folder;
-    TempFolder settings;
-    MessageRecorder messages;
     std::filesystem::path file;
     bool isLoadEnabledMeanwhile = false;
-    std::unique_ptr<CTonalResolutionDialog> dialog;
 };
 
 TEST_F(CTonalResolutionDialogTest, ShowsAFile)
@@ -113,12 +68,12 @@ TEST_F(CTonalResolutionDialogTest, ButtonsAndKeysChooseTheView)
     const std::pair<Qt::Key, const char*> keys[] = {{Qt::Key_2, "differenceButton"},
         {Qt::Key_3, "dynamicRangeButton"}, {Qt::Key_1, "bestFitButton"}};
     for (const auto& [key, button] : keys) {
-        QTest::keyClick(dialog.get(), key, Qt::ControlModifier);
+        Key(key, Qt::ControlModifier);
         EXPECT_TRUE(Button(button).isChecked()) << button;
     }
-    QTest::keyClick(dialog.get(), Qt::Key_R, Qt::ControlModifier);
+    Key(Qt::Key_R, Qt::ControlModifier);
     EXPECT_TRUE(Report().isVisible());
-    QTest::keyClick(dialog.get(), Qt::Key_2, Qt::ControlModifier);
+    Key(Qt::Key_2, Qt::ControlModifier);
     EXPECT_TRUE(Plot().isVisible()) << "a view asked for is shown";
     EXPECT_EQ(Plot().Content().view, TonalView::Difference);
 }
@@ -170,8 +125,7 @@ TEST_F(CTonalResolutionDialogTest, AFaultyFileIsRewrittenAndTheDialogSaysSo)
     EXPECT_NE(Notice().find("kept as \"t.con_Original\""), std::string::npos) << Notice();
     EXPECT_EQ(TempFolder::Read(folder.Path() / "t.con_Original"), SmallFaultyFile());
     EXPECT_NE(TempFolder::Read(file), SmallFaultyFile());
-    const std::string log = TempFolder::Read(settings.Path() / "tonal.log");
-    EXPECT_NE(log.find("t.con_Original"), std::string::npos) << log;
+    EXPECT_NE(settings.Log().find("t.con_Original"), std::string::npos) << settings.Log();
     EXPECT_TRUE(messages.Messages().empty()) << "it can be shown";
     OpenPath(file);
     EXPECT_EQ(Notice(), "");
@@ -181,8 +135,7 @@ TEST_F(CTonalResolutionDialogTest, ADeletedFileGivesOneMessage)
 {
     Open(TonalFileOf("ScannerName=Default\n"));
     EXPECT_FALSE(std::filesystem::exists(file));
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("has been deleted"), std::string::npos);
+    ExpectMessage("has been deleted");
     EXPECT_NE(Notice().find("has been deleted"), std::string::npos);
     EXPECT_EQ(Report().Lines(), QStringList{"No data to display."});
     EXPECT_FALSE(Button("saveButton").isEnabled());
@@ -191,11 +144,10 @@ TEST_F(CTonalResolutionDialogTest, ADeletedFileGivesOneMessage)
 TEST_F(CTonalResolutionDialogTest, WhatCannotBeShownGivesOneMessage)
 {
     Open("[Noise Test]\n");
-    ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_NE(messages.Messages()[0].text.find("Not a tonal resolution file"), std::string::npos);
+    ExpectMessage("Not a tonal resolution file");
     EXPECT_FALSE(Plot().Content().HasData());
     OpenPath({});
-    EXPECT_EQ(messages.Messages().size(), 1U) << "no file is no failure";
+    EXPECT_TRUE(messages.Messages().empty()) << "no file is no failure";
 }
 
 TEST_F(CTonalResolutionDialogTest, LoadsAndSaves)

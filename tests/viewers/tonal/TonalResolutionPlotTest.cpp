@@ -1,10 +1,9 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/tonal/TonalFiles.h"
 #include "viewers/tonal/CTonalResolution_Control.h"
 #include "viewers/tonal/TonalResolutionPlot.h"
 
-#include <QImage>
-#include <QPainter>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -36,12 +35,8 @@ protected:
 
     QImage Draw(QSize size = kSize, double ratio = 1.0) const
     {
-        QImage image(size * ratio, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        DrawTonalPlot(painter, size, content);
-        return image;
+        return Drawn(
+            size, ratio, [&](QPainter& painter) { DrawTonalPlot(painter, size, content); });
     }
 
     /// Pixels of about this colour around a point of the plot.
@@ -238,8 +233,7 @@ TEST_F(CTonalResolution_ControlTest, ShowsThePatchAtThePointer)
     EXPECT_FALSE(control.Content().pointed);
     EXPECT_EQ(control.grab().toImage(), before);
     QTest::mouseMove(&control, PointOf(55.0));
-    QEvent leave(QEvent::Leave);
-    QApplication::sendEvent(&control, &leave);
+    LeaveWidget(control);
     EXPECT_EQ(control.grab().toImage(), before);
 }
 
