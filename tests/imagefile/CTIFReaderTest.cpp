@@ -9,15 +9,6 @@ namespace vireo {
 
 namespace {
 
-constexpr ImageResult kOk = ImageResult::Ok;
-constexpr ImageResult kCantRead = ImageResult::CantReadTif;
-constexpr ImageResult kFormat = ImageResult::TifFormatError;
-constexpr ImageResult kUnsupported = ImageResult::UnsupportedTifFormat;
-
-using F = TifFile;
-using E = TifEntry;
-constexpr std::uint16_t kShort = E::kShort, kLong = E::kLong, kRational = E::kRational;
-
 class CTIFReaderFile : public testing::Test {
 protected:
     TifReading Read(const std::string& bytes, std::uint32_t page = 1)

@@ -10,6 +10,15 @@
 
 namespace vireo {
 
+// Short names for tables.
+using F = TifFile;
+using E = TifEntry;
+inline constexpr std::uint16_t kShort = E::kShort, kLong = E::kLong, kRational = E::kRational;
+inline constexpr ImageResult kOk = ImageResult::Ok;
+inline constexpr ImageResult kCantRead = ImageResult::CantReadTif;
+inline constexpr ImageResult kFormat = ImageResult::TifFormatError;
+inline constexpr ImageResult kUnsupported = ImageResult::UnsupportedTifFormat;
+
 using TifEntries = std::map<std::uint16_t, TifEntry>;
 
 /// Takes an entry away.
