@@ -48,6 +48,8 @@ void CTonalResolution_Control::SetLoading(bool isLoading)
 
 void CTonalResolution_Control::SetLimits(std::vector<Limit> limits)
 {
+    if (limits.empty() && m_limits.empty())
+        return;
     m_limits = std::move(limits);
     m_content.limits = m_limits;
     Redraw();
