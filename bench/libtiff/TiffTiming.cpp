@@ -6,8 +6,8 @@
 //   tiff-timing encode FILE COMPRESSION PREDICTOR REPEAT OUT [ROWS-PER-STRIP]
 //
 // COMPRESSION: none, huffman, g4, lzw, packbits. Rows per strip: all rows unless given; "default"
-// for as many as libtiff's own tools put into one. Prints the
-// median of the seconds taken and the bytes of pixels. One run warms up and is not counted.
+// for as many as libtiff's own tools put into one. Prints the median of the seconds taken and the
+// bytes of pixels. One run warms up and is not counted.
 
 #include <algorithm>
 #include <chrono>
