@@ -11,12 +11,16 @@ namespace vireo {
 
 namespace {
 
-/// So many changes of colour a row may have; memory for the positions is touched as they come.
+/// A row may have so many changes of colour as fit beside it, with those of the row above, into so
+/// many bytes; but no more than are of any use. Memory for the positions is touched as they come.
+constexpr std::size_t kMostBytes = 100 * 1024 * 1024;
 constexpr std::size_t kMostChanges = 8 * 1024 * 1024;
 /// Positions behind the last change, all at the row's end.
 constexpr std::size_t kSentinels = 4;
 /// Plain codes are decoded while at least so many more changes fit: what a window of bits can hold.
 constexpr std::size_t kPlainRoom = 64;
+/// Rows are drawn in parts of so many words, so that no row needs its own size twice.
+constexpr std::size_t kMostTurns = 64 * 1024;
 
 } // namespace
 
@@ -26,7 +30,8 @@ CTIFReader::CDecoderHuffman::CDecoderHuffman(
       m_decodeRow(compression == TifCompression::kGroup4 ? &CDecoderHuffman::DecodeTwoDimensional
                                                          : &CDecoderHuffman::DecodeOneDimensional),
       m_iWidth(static_cast<std::int32_t>(width)),
-      m_uMostChanges(std::min<std::size_t>(width, kMostChanges))
+      m_uMostChanges(std::min({std::size_t{width}, kMostChanges,
+          (kMostBytes - bytesPerRow) / (2 * sizeof(std::int32_t))}))
 {
     for (Changes* changes : {&m_row, &m_reference}) {
         changes->memory = std::make_unique_for_overwrite<std::int32_t[]>(
@@ -35,7 +40,8 @@ CTIFReader::CDecoderHuffman::CDecoderHuffman(
         changes->positions = changes->memory.get() + 1;
         std::fill_n(changes->positions, kSentinels, m_iWidth);
     }
-    m_turns = std::make_unique<std::uint64_t[]>(width / 64 + 2);
+    m_turns =
+        std::make_unique<std::uint64_t[]>(std::min<std::size_t>(width / 64 + 1, kMostTurns) + 1);
 }
 
 /// The row in front of a strip is white.
@@ -57,32 +63,60 @@ ImageResult CTIFReader::CDecoderHuffman::DecodeLine(std::uint8_t* row)
     return result;
 }
 
+namespace {
+
+constexpr std::uint64_t kWhite = ~std::uint64_t{0};
+
+/// Turns the rest of its word round at each change; positions count from `first` on.
+void MarkChanges(
+    const std::int32_t* change, const std::int32_t* end, std::size_t first, std::uint64_t* turns)
+{
+    for (; change != end; ++change) {
+        const std::size_t position = static_cast<std::uint32_t>(*change) - first;
+        turns[position / 64] ^= kWhite >> position % 64;
+    }
+}
+
+/// Draws words and clears their turns. `word` is what the next one is like when nothing changes.
+void DrawWords(std::uint64_t* turns, std::size_t count, std::uint64_t& word, std::uint8_t* row)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint64_t turn = std::exchange(turns[i], 0);
+        StoreBigEndian64(row + i * sizeof(word), word ^ turn);
+        word ^= std::uint64_t{0} - (turn & 1);
+    }
+}
+
+} // namespace
+
 /// Marks each change by turning the rest of its word round; how many changes come before a word
 /// then tells whether it is turned as a whole. Nothing here depends on what the row looks like,
 /// which no processor guesses well: going along the row from change to change took twice as long.
 void CTIFReader::CDecoderHuffman::Draw(std::uint8_t* row)
 {
-    constexpr std::uint64_t kWhite = ~std::uint64_t{0};
     // Where the last run is black, the row's end is one more change.
-    const std::size_t count = m_row.count + m_row.IsBlack();
-    std::uint64_t* const turns = m_turns.get();
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto position = static_cast<std::uint32_t>(m_row.positions[i]);
-        turns[position / 64] ^= kWhite >> position % 64;
-    }
-    const std::size_t last =
-        count == 0 ? 0 : static_cast<std::uint32_t>(m_row.positions[count - 1]);
+    const std::int32_t* const end = m_row.positions + m_row.count + m_row.IsBlack();
+    const std::int32_t* change = m_row.positions;
+    const std::size_t last = change == end ? 0 : static_cast<std::uint32_t>(end[-1]);
     const std::size_t words = std::min(last / 64 + 1, m_uBytesPerRow / sizeof(std::uint64_t));
+    std::uint64_t* const turns = m_turns.get();
     std::uint64_t word = kWhite;
-    for (std::size_t i = 0; i < words; ++i) {
-        const std::uint64_t turn = std::exchange(turns[i], 0);
-        StoreBigEndian64(row + i * sizeof(word), word ^ turn);
-        word ^= std::uint64_t{0} - (turn & 1);
-    }
+    std::size_t drawn = 0;
+    std::size_t part = 0;
+    do {
+        part = std::min(words - drawn, kMostTurns);
+        const std::int32_t* const stop = drawn + part == words
+            ? end
+            : std::lower_bound(change, end, static_cast<std::int32_t>((drawn + part) * 64));
+        MarkChanges(change, stop, drawn * 64, turns);
+        DrawWords(turns, part, word, row + drawn * sizeof(word));
+        change = stop;
+        drawn += part;
+    } while (drawn != words);
     // Perhaps the last change lies in what is left of the row, or at its end.
     const std::size_t done = words * sizeof(word);
     std::memset(row + done, 0xff, m_uBytesPerRow - done);
-    word ^= std::exchange(turns[words], 0);
+    word ^= std::exchange(turns[part], 0);
     for (std::size_t i = done; i < std::min(done + sizeof(word), m_uBytesPerRow); ++i, word <<= 8)
         row[i] = static_cast<std::uint8_t>(word >> 56);
 }

@@ -59,7 +59,7 @@ private:
     std::size_t m_uMostChanges;
     Changes m_row;
     Changes m_reference;
-    std::unique_ptr<std::uint64_t[]> m_turns; ///< Used while drawing, all 0 else.
+    std::unique_ptr<std::uint64_t[]> m_turns; ///< Of the part being drawn; all 0 else.
     unsigned m_usedBits = 0;                  ///< Of the stream's next byte.
 };
 

@@ -1,4 +1,6 @@
+#include "imagefile/CHuffmanCoder.h"
 #include "tests/imagefile/BitText.h"
+#include "tests/imagefile/CodeRows.h"
 #include "tests/imagefile/DecodeRows.h"
 
 #include <gtest/gtest.h>
@@ -248,6 +250,34 @@ TEST(Decoders, ManyCodesAtATimeGiveWhatOneByOneGives)
             ASSERT_EQ(DecodeRows(compression, width, strip, 40),
                 DecodeRows(compression, width, strip, 40, SmallWindow(compression)))
                 << "round " << round;
+    }
+}
+
+/// A row of white pixels in which some are black.
+std::string RowWithBlack(std::uint32_t width, const std::vector<std::uint32_t>& black)
+{
+    std::string row((width + 7) / 8, '\xff');
+    for (const std::uint32_t pixel : black) {
+        if (pixel < width)
+            row[pixel / 8] ^= static_cast<char>(0x80 >> pixel % 8);
+    }
+    return row;
+}
+
+TEST(Decoders, RowsThatAreDrawnInPartsHaveNoSeams)
+{
+    constexpr std::uint32_t kPart = 64 * 64 * 1024;
+    for (const std::uint32_t width : {kPart - 1, kPart, kPart + 1, kPart + 64, 2 * kPart + 7}) {
+        const std::string rows[] = {RowWithBlack(width, {}), RowWithBlack(width, {0, width - 1}),
+            RowWithBlack(width, {kPart - 64, kPart - 1, kPart, kPart + 1, 2 * kPart}),
+            RowWithBlack(width, {kPart - 1}), RowWithBlack(width, {kPart + 63, 2 * kPart - 1})};
+        for (const std::string& row : rows) {
+            const std::string strip = CodeRows<CHuffmanCoder>(
+                ColorDepth::Bilevel, width, row, CHuffmanCoder::Scheme::Group4);
+            const auto decoded = DecodeRows(kG4, width, strip, 1);
+            ASSERT_EQ(decoded[0].result, kOk) << width;
+            ASSERT_TRUE(decoded[0].bytes == row) << width << ", row " << &row - rows;
+        }
     }
 }
 
