@@ -10,8 +10,26 @@
 
 namespace vireo {
 
+namespace {
+/// Windows has no print dialog without a printer; the one of Linux offers a PDF then.
+bool CanAskForPrinter([[maybe_unused]] const QPrinter& printer)
+{
+#ifdef _WIN32
+    return printer.outputFormat() == QPrinter::NativeFormat;
+#else
+    return true;
+#endif
+}
+} // namespace
+
 bool AskForPrinter(QPrinter& printer, QWidget* parent)
 {
+    if (!CanAskForPrinter(printer)) {
+        ShowMessage("No printer is set up on this computer.\n"
+                    "File, Print Preview... saves the page as a PDF.",
+            "No printer", MessageIcon::Information);
+        return false;
+    }
     QPrintDialog dialog(&printer, parent);
     dialog.setOption(QAbstractPrintDialog::PrintCollateCopies);
     dialog.setMinMax(1, 1);

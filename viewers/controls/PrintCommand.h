@@ -13,7 +13,7 @@ namespace vireo {
 inline constexpr const char* kPrintDocumentName = "Printing Tqx Test Document";
 
 /// Shows the print dialog for one page in one copy; returns whether the user wants to print.
-/// Collation and copies are the driver's.
+/// Collation and copies are the driver's. Says so where there is no printer to choose.
 bool AskForPrinter(QPrinter& printer, QWidget* parent);
 
 /// Prints one page as a document of its own: `draw` gets the printable rectangle in the printer's
