@@ -1,11 +1,8 @@
 #pragma once
 
 #include "bench/BenchSettings.h"
+#include "cli/CommandLine.h"
 #include "figures/FileResult.h"
-
-namespace CLI {
-class App;
-}
 
 namespace vireo {
 
@@ -13,7 +10,7 @@ namespace vireo {
 struct BenchCommand {
     const char* name;
     const char* summary; ///< For the program's help.
-    void (*addOptions)(CLI::App& command, BenchSettings& settings);
+    void (*addOptions)(CommandOptions& command, BenchSettings& settings);
     /// Measures; the figures as one object, or the reason why there are none.
     FileResult (*run)(const BenchSettings& settings);
 };
@@ -25,10 +22,7 @@ BenchCommand StarTestBench();
 BenchCommand TiffDecodeBench();
 BenchCommand TiffEncodeBench();
 
-// Options and arguments that several commands share.
-enum class Presence { Required, Optional };
-void AddBenchFile(CLI::App& command, BenchSettings& settings, Presence presence);
-void AddBenchOptions(CLI::App& command, BenchSettings& settings);
-void AddBenchPage(CLI::App& command, BenchSettings& settings);
+/// Adds what all commands have: the file, and the options that say how it is measured.
+void AddBenchOptions(CommandOptions& command, BenchSettings& settings, Presence ofFile);
 
 } // namespace vireo

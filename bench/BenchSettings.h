@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/FileKind.h"
-#include "cli/CommandLineReader.h"
+#include "cli/PictureSize.h"
 
 #include <algorithm>
 #include <cstdint>

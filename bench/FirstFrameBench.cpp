@@ -82,10 +82,9 @@ std::string ShowViewer(const std::string& file)
     return {};
 }
 
-void AddOptions(CLI::App& command, BenchSettings& settings)
+void AddOptions(CommandOptions& command, BenchSettings& settings)
 {
-    AddBenchFile(command, settings, Presence::Optional);
-    AddBenchOptions(command, settings);
+    AddBenchOptions(command, settings, Presence::Optional);
 }
 
 FileResult Run(const BenchSettings& settings)

@@ -8,8 +8,6 @@
 #include <QImage>
 #include <QPainter>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -138,26 +136,16 @@ FileResult Run(const BenchSettings& settings)
     return Measure(*loaded.plot, settings.size.value_or(row->size), settings.repeat);
 }
 
-void AddOptions(CLI::App& command, BenchSettings& settings)
+void AddOptions(CommandOptions& command, BenchSettings& settings)
 {
-    const auto takeKind = [&settings](const std::string& id) {
-        const auto kind = KindFromId(id);
-        if (!kind)
-            throw CLI::ValidationError("KIND", "There is no kind " + id);
-        settings.kind = *kind;
-    };
-    command.add_option_function<std::string>("KIND", takeKind, "The kind that the file is read as")
-        ->required()
-        ->type_name("");
-    AddBenchFile(command, settings, Presence::Required);
-    AddBenchOptions(command, settings);
-    const auto takeSize = [&settings](const std::string& text) {
-        settings.size = ParseSize(text);
-        if (!settings.size)
-            throw CLI::ValidationError("--size", kSizeRule);
-    };
-    command.add_option_function<std::string>("--size", takeSize, "The picture's size in pixels")
-        ->type_name("WxH");
+    command.AddWord({"KIND", Presence::Required}, "The kind that the file is read as",
+        [&settings](const std::string& id) {
+            const auto kind = KindFromId(id);
+            settings.kind = kind.value_or(FileKind::Unknown);
+            return kind ? "" : "There is no kind " + id;
+        });
+    AddBenchOptions(command, settings, Presence::Required);
+    AddSizeOption(command, "The picture's size in pixels", settings.size);
 }
 
 } // namespace

@@ -8,10 +8,9 @@ namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, BenchSettings& settings)
+void AddOptions(CommandOptions& command, BenchSettings& settings)
 {
-    AddBenchFile(command, settings, Presence::Required);
-    AddBenchOptions(command, settings);
+    AddBenchOptions(command, settings, Presence::Required);
 }
 
 FileResult Run(const BenchSettings& settings)

@@ -5,17 +5,16 @@
 #include "figures/Json.h"
 #include "platform/Path.h"
 
-#include <CLI/CLI.hpp>
-
 namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, BenchSettings& settings)
+void AddOptions(CommandOptions& command, BenchSettings& settings)
 {
-    AddBenchFile(command, settings, Presence::Required);
-    AddBenchOptions(command, settings);
-    AddBenchPage(command, settings);
+    constexpr int kMostPages = 65'535;
+    AddBenchOptions(command, settings, Presence::Required);
+    command.AddNumber(
+        "--page N", "The page, counted from 1 (default: 1)", {1, kMostPages}, settings.page);
 }
 
 FileResult Run(const BenchSettings& settings)

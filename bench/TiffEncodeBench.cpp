@@ -7,8 +7,6 @@
 #include "platform/Path.h"
 #include "platform/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <cstring>
 #include <random>
 #include <system_error>
@@ -17,18 +15,12 @@ namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, BenchSettings& settings)
+void AddOptions(CommandOptions& command, BenchSettings& settings)
 {
-    AddBenchFile(command, settings, Presence::Required);
-    AddBenchOptions(command, settings);
-    AddTifFormOptions(command, Compression::Required, settings.compression, settings.predictor);
-    const auto take = [&settings](const std::string& file) {
-        settings.output = PathFromUtf8(WithoutGuard(file));
-    };
-    command
-        .add_option_function<std::string>(
-            "-o,--output", take, "The file to write (default: a temporary one, removed)")
-        ->type_name("OUT");
+    AddBenchOptions(command, settings, Presence::Required);
+    AddTifFormOptions(command, Presence::Required, settings.compression, settings.predictor);
+    command.AddName("-o,--output OUT", "The file to write (default: a temporary one, removed)",
+        settings.output);
 }
 
 /// A file that is removed in the end unless it was asked for.

@@ -1,8 +1,8 @@
 #include "bench/BenchCommand.h"
+#include "cli/CommandLine.h"
+#include "cli/Shell.h"
 #include "platform/Console.h"
 #include "platform/ProcessInfo.h"
-
-#include <CLI/CLI.hpp>
 
 #include <cstdio>
 
@@ -29,17 +29,11 @@ int main(int argc, char** argv)
     const vireo::BenchCommand commands[] = {vireo::LoadBench(), vireo::PlotBench(),
         vireo::FirstFrameBench(), vireo::TiffDecodeBench(), vireo::TiffEncodeBench(),
         vireo::StarTestBench()};
-    CLI::App app("How fast the viewer's own code is.", vireo::kBenchProgram);
+    vireo::CommandLine line({vireo::kBenchProgram, "How fast the viewer's own code is."});
     vireo::BenchSettings settings;
     for (const vireo::BenchCommand& command : commands)
-        command.addOptions(*vireo::AddCommand(app, command.name, command.summary), settings);
-
-    const auto arguments = vireo::ProgramArguments(argc, argv);
-    if (const auto exitStatus = vireo::ReadCommandLine(app, arguments))
+        command.addOptions(line.AddCommand(command.name, command.summary), settings);
+    if (const auto exitStatus = line.Read(vireo::ProgramArguments(argc, argv)))
         return *exitStatus;
-    for (const vireo::BenchCommand& command : commands) {
-        if (app.got_subcommand(command.name))
-            return Report(settings.file, command.run(settings));
-    }
-    return vireo::kExitBadUsage;
+    return Report(settings.file, commands[line.ChosenCommand()].run(settings));
 }

@@ -1,19 +1,17 @@
 #include "cli/Command.h"
-#include "cli/CommandLineReader.h"
+#include "cli/CommandLine.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "figures/LimitsCheck.h"
-
-#include <CLI/CLI.hpp>
 
 namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFilesArgument(command, settings);
-    AddLimitsOption(command, settings)->required();
+    AddLimitsOption(command, settings, Presence::Required);
     AddKindOption(command, settings);
     AddLineOption(command, settings);
     AddUnitOption(command, settings);
@@ -22,10 +20,7 @@ void AddOptions(CLI::App& command, Settings& settings)
 
 FileResult Check(const Subject& subject, const Settings& settings)
 {
-    AnalyseSettings asked;
-    asked.line = settings.line;
-    asked.unit = settings.unit;
-    const FileVerdict result = CheckFile(subject, *settings.limitsFile, asked);
+    const FileVerdict result = CheckFile(subject, *settings.limitsFile, AskedFigures(settings));
     FileResult told{{}, result.failure};
     if (result.verdict)
         told.object = ToLine(VerdictToJson(subject, result));
@@ -33,14 +28,9 @@ FileResult Check(const Subject& subject, const Settings& settings)
     return told;
 }
 
-int Run(const Settings& given)
+int Run(const Settings& settings)
 {
-    Settings settings = given;
-    LimitsFile limits;
-    if (!TakeLimits(settings, limits))
-        return kExitBadUsage;
-    return RunOverFiles(
-        settings, [&settings](const Subject& subject) { return Check(subject, settings); });
+    return RunOverFiles(settings, Check);
 }
 
 } // namespace

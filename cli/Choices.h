@@ -2,8 +2,6 @@
 
 #include "platform/Text.h"
 
-#include <CLI/CLI.hpp>
-
 #include <cstddef>
 #include <string>
 
@@ -16,17 +14,25 @@ struct Choice {
     Value value;
 };
 
-/// The value of a text, in letters of either case; bad usage of `option` when there is none.
-template <typename Value, std::size_t Count>
-Value Choose(const Choice<Value> (&choices)[Count], const char* option, const std::string& text)
+/// Whether "a" is as good as "A" where a choice is written so.
+enum class LetterCase { Ignored, Heeded };
+
+/// Sets `chosen` to the value of a text; the reason to refuse the text when it has none, else an
+/// empty one.
+template <typename Value, std::size_t Count, typename Chosen>
+std::string Choose(const Choice<Value> (&choices)[Count], const std::string& text, Chosen& chosen,
+    LetterCase letters = LetterCase::Ignored)
 {
     std::string known;
     for (const Choice<Value>& choice : choices) {
-        if (EqualsIgnoringCase(choice.text, text))
-            return choice.value;
+        if (letters == LetterCase::Ignored ? EqualsIgnoringCase(choice.text, text)
+                                           : choice.text == text) {
+            chosen = choice.value;
+            return {};
+        }
         known.append(known.empty() ? "" : ", ").append(choice.text);
     }
-    throw CLI::ValidationError(option, "must be one of " + known + ", not " + text);
+    return "must be one of " + known + ", not " + text;
 }
 
 } // namespace vireo

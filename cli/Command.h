@@ -1,19 +1,16 @@
 #pragma once
 
-#include "cli/Settings.h"
-
-namespace CLI {
-class App;
-}
-
 namespace vireo {
+
+class CommandOptions;
+struct Settings;
 
 /// One command of the program.
 struct Command {
     const char* name;
     const char* summary; ///< For the program's help.
     /// Adds the command's options and arguments, which fill the settings.
-    void (*addOptions)(CLI::App& command, Settings& settings);
+    void (*addOptions)(CommandOptions& command, Settings& settings);
     /// Does the command; the program's exit status. Null for a command that draws: see Drawing.h.
     int (*run)(const Settings& settings);
 };

@@ -1,6 +1,6 @@
-#include "cli/CommandLineReader.h"
 #include "cli/Drawing.h"
 #include "cli/Program.h"
+#include "cli/Shell.h"
 #include "platform/HandOver.h"
 #include "platform/KnownFolders.h"
 #include "platform/Path.h"

@@ -1,10 +1,10 @@
 #include "cli/Command.h"
-#include "cli/CommandLineReader.h"
+#include "cli/CommandLine.h"
 #include "cli/Program.h"
+#include "cli/Settings.h"
+#include "cli/Shell.h"
 #include "errors/ErrorTable.h"
 #include "figures/Json.h"
-
-#include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <limits>
@@ -14,16 +14,12 @@ namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
-    command.add_option("CODE", settings.errorCode, "The error code, in decimal digits")
-        ->required()
-        ->transform(WholeNumber(0, std::numeric_limits<std::uint32_t>::max()))
-        ->type_name("");
-    command
-        .add_flag("--plate", settings.plateScanner,
-            "The text for scanners with a plate on a moving table")
-        ->disable_flag_override();
+    command.AddNumber({"CODE", Presence::Required}, "The error code, in decimal digits",
+        {0, std::numeric_limits<std::uint32_t>::max()}, settings.errorCode);
+    command.AddFlag(
+        "--plate", "The text for scanners with a plate on a moving table", settings.plateScanner);
 }
 
 int Run(const Settings& settings)

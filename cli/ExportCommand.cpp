@@ -27,7 +27,7 @@ namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFileArgument(command, settings);
     AddOutputOption(command, settings, "The table to write, such as OUT.csv");
@@ -119,11 +119,14 @@ constexpr OutputWriter kWriters[] = {
     {FileKind::Tiff, ExportTiff},
 };
 
+FileResult Export(const Subject& subject, const Settings& settings)
+{
+    return WriteOutput(subject, settings, kWriters, "exported");
+}
+
 int Run(const Settings& settings)
 {
-    return RunOverFiles(settings, [&settings](const Subject& subject) {
-        return WriteOutput(subject, settings, kWriters, "exported");
-    });
+    return RunOverFiles(settings, Export);
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #include "cli/FileRun.h"
 
-#include "cli/CommandLineReader.h"
 #include "cli/OrderedWork.h"
 #include "cli/Program.h"
 #include "cli/Reporter.h"
+#include "cli/Shell.h"
+#include "figures/Analysers.h"
+#include "limits/LimitsFile.h"
 #include "platform/Path.h"
 
 #include <algorithm>
@@ -12,8 +14,7 @@
 
 namespace vireo {
 
-FileResult WorkOnFile(const std::string& file, const Settings& settings,
-    const std::function<FileResult(const Subject&)>& work)
+FileResult WorkOnFile(const std::string& file, const Settings& settings, const FileWork& work)
 {
     // One file that needs more memory than there is, or finds a fault of ours, must not take the
     // others with it.
@@ -22,7 +23,7 @@ FileResult WorkOnFile(const std::string& file, const Settings& settings,
         const FileStatus status = RecogniseSubject(file, settings.kind, subject);
         if (status != FileStatus::Ok)
             return {{}, std::string(Describe(status))};
-        return work(subject);
+        return work(subject, settings);
     } catch (const std::bad_alloc&) {
         return {{}, "Not enough memory"};
     } catch (const std::exception& fault) {
@@ -30,7 +31,7 @@ FileResult WorkOnFile(const std::string& file, const Settings& settings,
     }
 }
 
-int RunOverFiles(const Settings& settings, const std::function<FileResult(const Subject&)>& work)
+int RunOverFiles(const Settings& settings, const FileWork& work)
 {
     FileSource source(settings.files, settings.folders);
     const std::optional<std::size_t> count = source.Count();
@@ -42,16 +43,27 @@ int RunOverFiles(const Settings& settings, const std::function<FileResult(const 
     return reporter.Finish();
 }
 
-bool TakeLimits(Settings& settings, LimitsFile& limits)
+int RunWithLimits(const Settings& settings, int (*run)(const Settings& settings))
 {
     if (settings.limits.empty())
-        return true;
+        return run(settings);
+    LimitsFile limits;
     if (const auto fault = limits.Read(settings.limits)) {
         PrintError(kCommandLineProgram, Utf8FromPath(settings.limits) + ": " + fault->Text());
-        return false;
+        return kExitBadUsage;
     }
-    settings.limitsFile = &limits;
-    return true;
+    Settings withLimits = settings;
+    withLimits.limitsFile = &limits;
+    return run(withLimits);
+}
+
+AnalyseSettings AskedFigures(const Settings& settings)
+{
+    AnalyseSettings asked;
+    asked.line = settings.line;
+    asked.unit = settings.unit;
+    asked.arrays = settings.arrays;
+    return asked;
 }
 
 } // namespace vireo

@@ -1,7 +1,11 @@
 #include "cli/HelpText.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace vireo {
 
@@ -16,8 +20,8 @@ std::size_t Columns(std::string_view utf8)
     return static_cast<std::size_t>(std::ranges::count_if(utf8, isFirstByte));
 }
 
-} // namespace
-
+/// A text in lines of at most `width` characters (code points), broken between words. Line ends in
+/// the text stay. Every line but the first is indented by `indent` blanks, which count.
 std::string Wrapped(std::string_view text, std::size_t indent, std::size_t width)
 {
     std::string lines;
@@ -43,8 +47,6 @@ std::string Wrapped(std::string_view text, std::size_t indent, std::size_t width
     }
     return lines;
 }
-
-namespace {
 
 /// One entry of a list: names to the left, what they mean to the right of them or, behind long
 /// ones, below.
@@ -111,18 +113,25 @@ std::string UsageOf(const CLI::App& app)
     return usage + required;
 }
 
+class HelpText : public CLI::FormatterBase {
+public:
+    std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode) const override
+    {
+        const std::string program = name.empty() ? app->get_name() : name;
+        std::string help = Wrapped("Usage: " + program + UsageOf(*app), 4, kWidth) + "\n\n"
+            + Wrapped(app->get_description(), 0, kWidth) + '\n' + CommandsOf(*app)
+            + OptionsOf(*app, true, "Arguments") + OptionsOf(*app, false, "Options");
+        if (!app->get_footer().empty())
+            help += '\n' + Wrapped(app->get_footer(), 0, kWidth) + '\n';
+        return help;
+    }
+};
+
 } // namespace
 
-std::string HelpText::make_help(const CLI::App* app, std::string name, CLI::AppFormatMode) const
+std::shared_ptr<CLI::FormatterBase> MakeHelpText()
 {
-    const std::string program = name.empty() ? app->get_name() : name;
-    std::string help = Wrapped("Usage: " + program + UsageOf(*app), 4, kWidth) + "\n\n"
-        + Wrapped(app->get_description(), 0, kWidth) + '\n';
-    help +=
-        CommandsOf(*app) + OptionsOf(*app, true, "Arguments") + OptionsOf(*app, false, "Options");
-    if (!app->get_footer().empty())
-        help += '\n' + Wrapped(app->get_footer(), 0, kWidth) + '\n';
-    return help;
+    return std::make_shared<HelpText>();
 }
 
 } // namespace vireo

@@ -7,7 +7,7 @@ namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFilesArgument(command, settings);
     AddJobsOption(command, settings);
@@ -15,7 +15,8 @@ void AddOptions(CLI::App& command, Settings& settings)
 
 int Run(const Settings& settings)
 {
-    return RunOverFiles(settings, IdentifyFile);
+    return RunOverFiles(
+        settings, [](const Subject& subject, const Settings&) { return IdentifyFile(subject); });
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFilesArgument(command, settings);
     AddOutputOption(command, settings, "The packed dump to write");

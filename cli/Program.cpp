@@ -1,12 +1,11 @@
 #include "cli/Program.h"
 
 #include "cli/Command.h"
-#include "cli/CommandLineReader.h"
+#include "cli/CommandLine.h"
 #include "cli/Drawing.h"
+#include "cli/FileRun.h"
 #include "platform/Console.h"
 #include "platform/FilePattern.h"
-
-#include <CLI/CLI.hpp>
 
 namespace vireo {
 
@@ -15,25 +14,19 @@ int RunProgram(const std::vector<std::string>& arguments)
     const Command commands[] = {IdentifyCommand(), HeaderCommand(), AnalyseCommand(),
         CheckCommand(), RenderCommand(), ReportCommand(), ExportCommand(), UnpackCommand(),
         PackCommand(), ConvertCommand(), ErrorCommand()};
-    CLI::App app("What the viewer shows of test files, for scripts.", kCommandLineProgram);
-    app.set_version_flag("--version", std::string(kCommandLineProgram) + " " VIREO_VERSION,
-        "Print the version and exit");
-
+    CommandLine line({kCommandLineProgram, "What the viewer shows of test files, for scripts.",
+        VIREO_VERSION,
+        "vireo-cli COMMAND --help tells the options of a command; behind -- every argument is a "
+        "file. Exit status: 0 every file is done, 1 at least one file failed (the others are "
+        "done), 2 bad usage."});
     Settings settings;
     for (const Command& command : commands)
-        command.addOptions(*AddCommand(app, command.name, command.summary), settings);
-    // Behind the commands, which would take it over.
-    app.footer("vireo-cli COMMAND --help tells the options of a command; behind -- every argument "
-               "is a file. Exit status: 0 every file is done, 1 at least one file failed (the "
-               "others are done), 2 bad usage.");
-    if (const auto exitStatus = ReadCommandLine(
-            app, ShellExpandsPatterns() ? arguments : WithPatternsExpanded(arguments)))
+        command.addOptions(line.AddCommand(command.name, command.summary), settings);
+    if (const auto exitStatus =
+            line.Read(ShellExpandsPatterns() ? arguments : WithPatternsExpanded(arguments)))
         return *exitStatus;
-    for (const Command& command : commands) {
-        if (app.got_subcommand(command.name))
-            return command.run ? command.run(settings) : Draw(command, settings, arguments);
-    }
-    return kExitBadUsage;
+    const Command& chosen = commands[line.ChosenCommand()];
+    return chosen.run ? RunWithLimits(settings, chosen.run) : Draw(chosen, settings, arguments);
 }
 
 } // namespace vireo

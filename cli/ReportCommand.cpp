@@ -3,21 +3,19 @@
 #include "platform/Path.h"
 #include "platform/Text.h"
 
-#include <CLI/CLI.hpp>
-
 namespace vireo {
 
 namespace {
 
-void RequirePdf(Settings& settings)
+Refusal RequirePdf(Settings& settings)
 {
-    const std::string extension = SplitPath(Utf8FromPath(settings.output)).extension;
-    if (!EqualsIgnoringCase(extension, ".pdf"))
-        throw CLI::ValidationError("--output", "The extension must be .pdf, not " + extension);
     settings.format = PictureFormat::Pdf;
+    const std::string extension = SplitPath(Utf8FromPath(settings.output)).extension;
+    return EqualsIgnoringCase(extension, ".pdf") ? ""
+                                                 : "The extension must be .pdf, not " + extension;
 }
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFilesArgument(command, settings);
     AddOutputOption(command, settings, "The report to write, a .pdf", RequirePdf);

@@ -1,7 +1,7 @@
 #include "cli/Reporter.h"
 
-#include "cli/CommandLineReader.h"
 #include "cli/Program.h"
+#include "cli/Shell.h"
 #include "platform/Console.h"
 #include "platform/Text.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/FileKind.h"
-#include "cli/CommandLineReader.h"
 #include "cli/FileSource.h"
+#include "cli/PictureSize.h"
 #include "imagefile/TifConversion.h"
 #include "viewers/controls/PositionUnit.h"
 #include "viewers/controls/ProfileLine.h"
@@ -33,7 +33,7 @@ struct Settings {
     std::int64_t line = 0;        ///< 0-based.
     std::filesystem::path output;
     std::filesystem::path limits;           ///< Empty: none.
-    const LimitsFile* limitsFile = nullptr; ///< What has been read of it; see TakeLimits.
+    const LimitsFile* limitsFile = nullptr; ///< What has been read of it; see RunWithLimits.
     DrawingTarget* target = nullptr;        ///< What takes drawings; null: they go into the output.
 
     PictureFormat format = PictureFormat::Png;

@@ -1,5 +1,5 @@
 #include "cli/Command.h"
-#include "cli/CommandLineReader.h"
+#include "cli/CommandLine.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "figures/KitbagJson.h"
@@ -8,26 +8,21 @@
 #include "platform/WorkPaths.h"
 #include "testfile/DumpUnpacker.h"
 
-#include <CLI/CLI.hpp>
-
 #include <system_error>
 
 namespace vireo {
 
 namespace {
 
-void AddOptions(CLI::App& command, Settings& settings)
+void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFileArgument(command, settings);
-    const auto take = [&settings](const std::string& folder) {
-        settings.output = PathFromUtf8(WithoutGuard(folder));
-        if (settings.output.empty())
-            throw CLI::ValidationError("-d", "There is no folder without a name");
-    };
-    command
-        .add_option_function<std::string>("-d,--directory", take,
-            "Where the members go; made when it is missing (default: the dump's own folder)")
-        ->type_name("FOLDER");
+    command.AddName("-d,--directory FOLDER",
+        "Where the members go; made when it is missing (default: the dump's own folder)",
+        [&settings](const std::string& folder) {
+            settings.output = PathFromUtf8(folder);
+            return Refusal(folder.empty() ? "There is no folder without a name" : "");
+        });
 }
 
 /// Makes the folder if it is not there; the reason when there is none then.
@@ -57,8 +52,7 @@ FileResult Unpack(const Subject& subject, const Settings& settings)
 
 int Run(const Settings& settings)
 {
-    return RunOverFiles(
-        settings, [&settings](const Subject& subject) { return Unpack(subject, settings); });
+    return RunOverFiles(settings, Unpack);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "cli/Command.h"
 #include "cli/Drawing.h"
+#include "cli/FileRun.h"
+#include "cli/Shell.h"
 #include "cli/render/Render.h"
 #include "cli/render/Report.h"
 
@@ -25,7 +27,7 @@ int Draw(const Command& command, const Settings& settings, const std::vector<std
 {
     for (const DrawingCommand& drawing : kDrawingCommands) {
         if (drawing.name == command.name)
-            return drawing.run(settings);
+            return RunWithLimits(settings, drawing.run);
     }
     return kExitBadUsage;
 }

@@ -43,14 +43,9 @@ FileResult DrawSubject(const Subject& subject, const Settings& settings)
     return WriteOutput(subject, settings, kWriters, "rendered");
 }
 
-int Render(const Settings& given)
+int Render(const Settings& settings)
 {
-    Settings settings = given;
-    LimitsFile limits;
-    if (!TakeLimits(settings, limits))
-        return kExitBadUsage;
-    return RunOverFiles(
-        settings, [&settings](const Subject& subject) { return DrawSubject(subject, settings); });
+    return RunOverFiles(settings, DrawSubject);
 }
 
 } // namespace vireo

@@ -1,11 +1,11 @@
 #include "cli/render/Report.h"
 
-#include "cli/CommandLineReader.h"
 #include "cli/FileRun.h"
 #include "cli/OrderedWork.h"
 #include "cli/Output.h"
 #include "cli/Program.h"
 #include "cli/Reporter.h"
+#include "cli/Shell.h"
 #include "cli/render/PdfFile.h"
 #include "cli/render/PictureFile.h"
 #include "cli/render/Render.h"
@@ -58,10 +58,7 @@ ReportRow RowOf(const std::string& name, const FileResult& result)
 
 FileResult SumUp(const Subject& subject, const Settings& settings)
 {
-    AnalyseSettings asked;
-    asked.line = settings.line;
-    asked.unit = settings.unit;
-    FileSummary summary = Summarise(subject, settings.limitsFile, asked);
+    FileSummary summary = Summarise(subject, settings.limitsFile, AskedFigures(settings));
     const bool hasPage = summary.failure.empty() && CanDraw(subject.Kind());
     std::string failure = summary.failure;
     return {RowText(summary, hasPage), std::move(failure)};
@@ -75,10 +72,7 @@ std::vector<ReportRow> SumUpAll(const Settings& settings, Reporter& reporter)
     const auto count = source.Count();
     WorkInOrder(
         source, std::min(settings.jobs, count.value_or(settings.jobs)),
-        [&](const std::string& file) {
-            return WorkOnFile(file, settings,
-                [&settings](const Subject& subject) { return SumUp(subject, settings); });
-        },
+        [&](const std::string& file) { return WorkOnFile(file, settings, SumUp); },
         [&](const std::string& file, const FileResult& result) {
             rows.push_back(RowOf(file, result));
             reporter.Report(file, {{}, result.failure});
@@ -145,8 +139,7 @@ private:
 
     void DrawFile(const ReportRow& row, Reporter& reporter)
     {
-        const FileResult result = WorkOnFile(row.name, m_settings,
-            [this](const Subject& subject) { return DrawSubject(subject, m_settings); });
+        const FileResult result = WorkOnFile(row.name, m_settings, DrawSubject);
         if (!result.failure.empty())
             InPoints([&] { DrawReportFailure(m_painter, PagePoints(), row.name, result.failure); });
         reporter.Report(row.name, {{}, result.failure});
@@ -200,12 +193,8 @@ std::optional<std::string> ReplacedFile(const ReportTable& table, const Settings
 
 } // namespace
 
-int Report(const Settings& given)
+int Report(const Settings& settings)
 {
-    Settings settings = given;
-    LimitsFile limits;
-    if (!TakeLimits(settings, limits))
-        return kExitBadUsage;
     Reporter reporter(FileSource(settings.files, settings.folders).Count());
     ReportTable table;
     table.limits = Utf8FromPath(settings.limits.filename());
