@@ -49,7 +49,11 @@ void AddJobsOption(CommandOptions& command, Settings& settings)
 
 void AddLimitsOption(CommandOptions& command, Settings& settings, Presence presence)
 {
-    command.AddName({"--limits LIMITS", presence}, "The limits of the figures", settings.limits);
+    command.AddName({"--limits LIMITS", presence}, "The limits of the figures",
+        [&settings](const std::string& name) {
+            settings.limits = PathFromUtf8(name);
+            return Refusal(name.empty() ? "There is no file without a name" : "");
+        });
 }
 
 void AddKindOption(CommandOptions& command, Settings& settings)

@@ -63,6 +63,8 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
         UsageRow{"error code of letters", {"error", "0x65"}},
         UsageRow{"two dumps", {"unpack", "a.con", "b.con"}},
         UsageRow{"folder without a name", {"unpack", "a.con", "-d", ""}},
+        UsageRow{"limits without a name", {"check", "a.con", "--limits", ""}},
+        UsageRow{"drawn limits without a name", {"render", "a.con", "-oa.png", "--limits="}},
         UsageRow{"no dump to pack into", {"pack", "a.con"}},
         UsageRow{"no zoom", {"render", "a.con", "-o", "a.png", "--zoom", "0"}}));
 
