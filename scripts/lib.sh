@@ -24,11 +24,22 @@ quietly() {
     return "$status"
 }
 
+# alone NAME COMMAND...: waits until no other script does something of that name in this project.
+alone() {
+    local name=$1
+    shift
+    mkdir -p "$root/build/locks"
+    (
+        flock 9
+        "$@" 9>&-
+    ) 9>"$root/build/locks/$name"
+}
+
 # configure PRESET [CMAKE OPTION...]
 configure() {
     local preset=$1
     shift
-    (cd "$root" && quietly "build/logs/configure-$preset.log" cmake --preset "$preset" "$@")
+    (cd "$root" && alone "$preset" quietly "build/logs/configure-$preset.log" cmake --preset "$preset" "$@")
 }
 
 # compile PRESET [TARGET...]: builds what changed; ninja's own line shows how far it is. Silent when
@@ -38,9 +49,10 @@ compile() {
     shift
     (
         cd "$root/build/$preset" || exit
-        [[ $(ninja -n "$@" 2>&1) == *"no work to do."* ]] || ninja "$@"
+        alone "$preset" run_ninja "$@"
     )
 }
+run_ninja() { [[ $(ninja -n "$@" 2>&1) == *"no work to do."* ]] || ninja "$@"; }
 
 # run_tests PRESET: runs the tests of a build and says how many cases its test programs held.
 run_tests() {
