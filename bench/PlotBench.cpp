@@ -138,7 +138,7 @@ FileResult Run(const BenchSettings& settings)
 
 void AddOptions(CommandOptions& command, BenchSettings& settings)
 {
-    command.AddWord({"KIND", Presence::Required}, "The kind that the file is read as",
+    command.AddText({"KIND", Presence::Required}, "The kind that the file is read as",
         [&settings](const std::string& id) {
             const auto kind = KindFromId(id);
             settings.kind = kind.value_or(FileKind::Unknown);

@@ -16,8 +16,8 @@ namespace vireo {
 
 namespace {
 
-/// Marks an argument as a file's name: put before it, it hides from the library a leading '-', and
-/// a '[' that with a ']' would make it a list of several. No argument can hold it.
+/// Marks an argument as what it is, a text: put before it, it hides from the library a leading '-',
+/// and a '[' that with a ']' would make it a list of several. No argument can hold it.
 constexpr char kGuard = '\0';
 
 /// Marks what stands behind "--", which itself is taken out, or in brackets.
@@ -63,7 +63,7 @@ CLI::Validator WholeNumber(const NumberRange& range)
         : Format("from %lld to %lld", lowest, highest);
     // Written anew because CLI11 would take 010 for eight.
     const auto check = [range, wording](std::string& text) -> std::string {
-        const auto number = ParseWholeNumber(text, range);
+        const auto number = ParseWholeNumber(WithoutGuard(text), range);
         if (!number)
             return "must be a whole number, " + wording;
         text = std::to_string(*number);
@@ -103,12 +103,12 @@ void CommandOptions::AddFlag(const char* names, const char* description, std::fu
     m_command.add_flag_callback(names, std::move(take), description)->disable_flag_override();
 }
 
-void CommandOptions::AddWord(
+void CommandOptions::AddText(
     const OptionName& option, const std::string& description, TakeText take)
 {
     Add<std::string>(m_command, option, description,
         [name = FirstName(option.names), take = std::move(take)](
-            const std::string& text) { RequireNone(take(text), name); });
+            const std::string& text) { RequireNone(take(WithoutGuard(text)), name); });
 }
 
 void CommandOptions::AddWholeNumber(const OptionName& option, const std::string& description,
@@ -119,16 +119,9 @@ void CommandOptions::AddWholeNumber(const OptionName& option, const std::string&
 }
 
 void CommandOptions::AddName(
-    const OptionName& option, const std::string& description, TakeText take)
-{
-    AddWord(option, description,
-        [take = std::move(take)](const std::string& text) { return take(WithoutGuard(text)); });
-}
-
-void CommandOptions::AddName(
     const OptionName& option, const std::string& description, std::string& name)
 {
-    AddName(option, description, [&name](const std::string& text) {
+    AddText(option, description, [&name](const std::string& text) {
         name = text;
         return Refusal();
     });
@@ -137,7 +130,7 @@ void CommandOptions::AddName(
 void CommandOptions::AddName(
     const OptionName& option, const std::string& description, std::filesystem::path& path)
 {
-    AddName(option, description, [&path](const std::string& text) {
+    AddText(option, description, [&path](const std::string& text) {
         path = PathFromUtf8(text);
         return Refusal();
     });

@@ -52,16 +52,14 @@ public:
     void AddFlag(const char* names, const char* description, bool& isGiven);
     void AddFlag(const char* names, const char* description, std::function<void()> take);
 
-    /// A word or another text that is not a name, and so cannot stand in brackets nor behind "--",
-    /// where every argument is a file's name.
-    void AddWord(const OptionName& option, const std::string& description, TakeText take);
+    void AddText(const OptionName& option, const std::string& description, TakeText take);
     /// A word of a table, which must be static.
     template <typename Value, std::size_t Count, typename Chosen>
     void AddChoice(const OptionName& option, const std::string& description,
         const Choice<Value> (&choices)[Count], Chosen& chosen,
         LetterCase letters = LetterCase::Ignored)
     {
-        AddWord(option, description, [&choices, &chosen, letters](const std::string& text) {
+        AddText(option, description, [&choices, &chosen, letters](const std::string& text) {
             return Choose(choices, text, chosen, letters);
         });
     }
@@ -75,8 +73,7 @@ public:
             [&number](std::int64_t given) { number = static_cast<Number>(given); });
     }
 
-    /// The name of a file or folder, in UTF-8: any text.
-    void AddName(const OptionName& option, const std::string& description, TakeText take);
+    /// The name of a file or folder, in UTF-8.
     void AddName(const OptionName& option, const std::string& description, std::string& name);
     void AddName(
         const OptionName& option, const std::string& description, std::filesystem::path& path);

@@ -30,7 +30,7 @@ void AddOptions(CommandOptions& command, Settings& settings)
     AddTifFormOptions(command, Presence::Optional, conversion.compression, conversion.predictor);
     command.AddNumber("--page N", "The page to write, counted from 1 (default: 1)", {1, kLastPage},
         conversion.page);
-    command.AddName("--icc PROFILE",
+    command.AddText("--icc PROFILE",
         "The ICC profile to put in, a file here or in the system's folders of colour profiles "
         "(default: the page's own)",
         [&conversion](const std::string& name) {

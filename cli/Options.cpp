@@ -32,7 +32,7 @@ void AddFileArgument(CommandOptions& command, Settings& settings)
 void AddOutputOption(CommandOptions& command, Settings& settings, const char* description,
     Refusal (*check)(Settings& settings))
 {
-    command.AddName({"--output,-o OUT", Presence::Required}, description,
+    command.AddText({"--output,-o OUT", Presence::Required}, description,
         [&settings, check](const std::string& name) {
             settings.output = PathFromUtf8(name);
             return check ? check(settings) : Refusal();
@@ -49,7 +49,7 @@ void AddJobsOption(CommandOptions& command, Settings& settings)
 
 void AddLimitsOption(CommandOptions& command, Settings& settings, Presence presence)
 {
-    command.AddName({"--limits LIMITS", presence}, "The limits of the figures",
+    command.AddText({"--limits LIMITS", presence}, "The limits of the figures",
         [&settings](const std::string& name) {
             settings.limits = PathFromUtf8(name);
             return Refusal(name.empty() ? "There is no file without a name" : "");
@@ -64,7 +64,7 @@ void AddKindOption(CommandOptions& command, Settings& settings)
             kinds.append(" ").append(names.id);
     }
     command.SetFooter(kinds);
-    command.AddWord("--as KIND", "Take every file as this kind instead of recognising it",
+    command.AddText("--as KIND", "Take every file as this kind instead of recognising it",
         [&settings](const std::string& id) {
             settings.kind = KindFromId(id);
             const bool isKnown = settings.kind.value_or(FileKind::Unknown) != FileKind::Unknown;
@@ -94,7 +94,7 @@ void AddPaperOption(CommandOptions& command, Settings& settings)
 
 void AddUnitOption(CommandOptions& command, Settings& settings)
 {
-    command.AddWord("--unit UNIT",
+    command.AddText("--unit UNIT",
         "The unit of positions on a noise line: SU, Inch, CM (default: the viewer's)",
         [&settings](const std::string& name) {
             settings.unit = UnitFromName(name);

@@ -27,7 +27,7 @@ std::optional<PictureSize> ParseSize(std::string_view text)
 void AddSizeOption(
     CommandOptions& command, const std::string& description, std::optional<PictureSize>& size)
 {
-    command.AddWord("--size WxH", description, [&size](const std::string& text) {
+    command.AddText("--size WxH", description, [&size](const std::string& text) {
         size = ParseSize(text);
         return Refusal(size ? "" : "must be WIDTHxHEIGHT, each from 1 to 16384");
     });

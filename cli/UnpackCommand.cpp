@@ -17,7 +17,7 @@ namespace {
 void AddOptions(CommandOptions& command, Settings& settings)
 {
     AddFileArgument(command, settings);
-    command.AddName("-d,--directory FOLDER",
+    command.AddText("-d,--directory FOLDER",
         "Where the members go; made when it is missing (default: the dump's own folder)",
         [&settings](const std::string& folder) {
             settings.output = PathFromUtf8(folder);

@@ -117,6 +117,13 @@ TEST(Usage, TellsHelpOfEachCommandOnEightyColumns)
     }
 }
 
+TEST(Usage, BracketsAndWhatFollowsTheEndOfOptionsAreTexts)
+{
+    EXPECT_EQ(RunCli({"error", "--", "850"}).output, RunCli({"error", "850"}).output);
+    const ProgramRun run = RunCli({"analyse", "a.con", "--as", "[mtf]"});
+    EXPECT_NE(run.error.find("There is no kind [mtf]"), std::string::npos) << run.error;
+}
+
 TEST(Usage, ReadsNumbersAsDecimal)
 {
     ScanFile scan;
