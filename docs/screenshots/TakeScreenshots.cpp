@@ -53,6 +53,8 @@ const Shot kShots[] = {
         nullptr, true},
     {"limits-star-test", "CStarTest_Dialog", "startest-sweeps.con", {1200, 760}, {}, {}, 0, {},
         nullptr, true},
+    {"limits-tonal", "CTonalResolutionDialog", "tonal-resolution.con", {1000, 600},
+        {"differenceButton"}, {}, 0, {}, nullptr, true},
     {"oscilloscope-light-profile", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760},
         {"lightProfileButton"}},
     {"oscilloscope-scan-width", "COscilloscope_Dialog", "oscilloscope-color.con", {1200, 760},
