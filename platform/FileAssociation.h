@@ -35,14 +35,17 @@ public:
 ///     key (below Software\Classes)    value        data
 ///     Vireo.con                       (default)    Scanner test result
 ///     Vireo.con                       Before       what .con had; missing where it had nothing
+///     Vireo.con                       BeforeCopy   D:\...\vireo.exe, the copy before
 ///     Vireo.con\DefaultIcon           (default)    C:\...\vireo.exe,0
 ///     Vireo.con\shell\open\command    (default)    "C:\...\vireo.exe" "%1"
 ///     .con\OpenWithProgids            Vireo.con    (empty)
 ///     .con                            (default)    Vireo.con
 ///
-/// To undo it: where .con still names Vireo.con it gets back "Before", with its type, or loses its
-/// value; "Vireo.con" leaves OpenWithProgids; .con\OpenWithProgids and .con go where they are empty
-/// then; Vireo.con goes with all below it. Both ends tell the shell (SHCNE_ASSOCCHANGED).
+/// BeforeCopy is there where .con was taken from another copy of the program. To undo it: while
+/// that copy exists, the entries below Vireo.con name it again, and BeforeCopy goes. Else, where
+/// .con still names Vireo.con it gets back "Before", with its type, or loses its value; "Vireo.con"
+/// leaves OpenWithProgids; .con\OpenWithProgids and .con go where they are empty then; Vireo.con
+/// goes with all below it. Both ends tell the shell (SHCNE_ASSOCCHANGED).
 struct AssociationSetup {
     std::filesystem::path program = ProgramPath();
     /// Where classes of files are registered.
@@ -55,6 +58,7 @@ struct AssociationSetup {
     static constexpr const char* kClass = "Vireo.con";
     static constexpr const char* kClassTitle = "Scanner test result";
     static constexpr const char* kBefore = "Before";
+    static constexpr const char* kBeforeCopy = "BeforeCopy";
 };
 
 /// The choice of the user who runs the program; null where it is not a program's to make. On Linux

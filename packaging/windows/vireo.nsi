@@ -50,9 +50,43 @@ VIAddVersionKey LegalCopyright "Copyright (c) 2026 the Vireo developers"
   System::Call 'shell32::SHChangeNotify(i ${SHCNE_ASSOCCHANGED}, i 0, p 0, p 0)'
 !macroend
 
+; Which program opens .con files by Vireo's class.
+!macro WriteProgram PROGRAM
+  WriteRegStr HKCU "${CLASSES}\Vireo.con\DefaultIcon" "" "${PROGRAM},0"
+  WriteRegStr HKCU "${CLASSES}\Vireo.con\shell\open\command" "" '"${PROGRAM}" "%1"'
+!macroend
+
+; Notes which other copy of Vireo has .con, unless this one takes back what that one took from it.
+!macro KeepCopy
+  ReadRegStr $0 HKCU "${CLASSES}\Vireo.con\DefaultIcon" ""
+  StrCpy $0 $0 -2
+  ReadRegStr $1 HKCU "${CLASSES}\Vireo.con" "BeforeCopy"
+  ${If} $0 != "$INSTDIR\vireo.exe"
+    ${If} $0 == ""
+    ${OrIf} $1 == "$INSTDIR\vireo.exe"
+      DeleteRegValue HKCU "${CLASSES}\Vireo.con" "BeforeCopy"
+    ${Else}
+      WriteRegStr HKCU "${CLASSES}\Vireo.con" "BeforeCopy" $0
+    ${EndIf}
+  ${EndIf}
+!macroend
+
 ; What .con had is put back; nothing is touched where somebody else has taken it since.
 !macro UndoAssociation
   ReadRegStr $0 HKCU "${CLASSES}\.con" ""
+  ReadRegStr $1 HKCU "${CLASSES}\Vireo.con" "BeforeCopy"
+  ${If} $0 == "Vireo.con"
+  ${AndIf} $1 != ""
+  ${AndIf} ${FileExists} "$1"
+    !insertmacro WriteProgram "$1"
+    DeleteRegValue HKCU "${CLASSES}\Vireo.con" "BeforeCopy"
+  ${Else}
+    !insertmacro UndoAll
+  ${EndIf}
+  !insertmacro TellShell
+!macroend
+
+!macro UndoAll
   ${If} $0 == "Vireo.con"
     ReadRegStr $1 HKCU "${CLASSES}\Vireo.con" "Before"
     ${If} $1 == ""
@@ -65,7 +99,6 @@ VIAddVersionKey LegalCopyright "Copyright (c) 2026 the Vireo developers"
   DeleteRegKey /ifempty HKCU "${CLASSES}\.con\OpenWithProgids"
   DeleteRegKey /ifempty HKCU "${CLASSES}\.con"
   DeleteRegKey HKCU "${CLASSES}\Vireo.con"
-  !insertmacro TellShell
 !macroend
 
 ; A program that runs can be neither replaced nor removed.
@@ -114,7 +147,10 @@ SectionEnd
 
 Section "Open .con files with Vireo" Association
   ReadRegStr $0 HKCU "${CLASSES}\.con" ""
-  ${If} $0 != "Vireo.con"
+  ${If} $0 == "Vireo.con"
+    !insertmacro KeepCopy
+  ${Else}
+    DeleteRegValue HKCU "${CLASSES}\Vireo.con" "BeforeCopy"
     ${If} $0 == ""
       DeleteRegValue HKCU "${CLASSES}\Vireo.con" "Before"
     ${Else}
@@ -122,8 +158,7 @@ Section "Open .con files with Vireo" Association
     ${EndIf}
   ${EndIf}
   WriteRegStr HKCU "${CLASSES}\Vireo.con" "" "Scanner test result"
-  WriteRegStr HKCU "${CLASSES}\Vireo.con\DefaultIcon" "" "$INSTDIR\vireo.exe,0"
-  WriteRegStr HKCU "${CLASSES}\Vireo.con\shell\open\command" "" '"$INSTDIR\vireo.exe" "%1"'
+  !insertmacro WriteProgram "$INSTDIR\vireo.exe"
   WriteRegStr HKCU "${CLASSES}\.con\OpenWithProgids" "Vireo.con" ""
   WriteRegStr HKCU "${CLASSES}\.con" "" "Vireo.con"
   !insertmacro TellShell

@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <string_view>
+#include <system_error>
 #include <utility>
 // This needs windows.h before it.
 #include <shlobj.h>
@@ -15,6 +17,9 @@ namespace vireo {
 namespace {
 
 using Names = AssociationSetup;
+
+/// Behind the program in the entry of an icon.
+constexpr std::string_view kFirstIcon = ",0";
 
 class RegistryAssociation : public FileAssociation {
 public:
@@ -29,7 +34,7 @@ public:
 
     AssociationState State() const override
     {
-        if (!IsOurs() || ReadUserText(CommandKey(), "") != Command())
+        if (!IsOurs() || ReadUserText(CommandKey(), "") != Command(m_program))
             return AssociationState::Off;
         const std::string chosen = ReadUserText(m_setup.userChoiceKey, "ProgId");
         return chosen.empty() || EqualsIgnoringCase(chosen, Names::kClass)
@@ -41,9 +46,7 @@ public:
     {
         // The extension comes last: it never names a class that is not there.
         const bool isSet = KeepBefore() && WriteUserText(m_class, "", Names::kClassTitle)
-            && WriteUserText(m_class + "\\DefaultIcon", "", m_program + ",0")
-            && WriteUserText(CommandKey(), "", Command())
-            && WriteUserText(m_openWith, Names::kClass, "")
+            && OpenWith(m_program) && WriteUserText(m_openWith, Names::kClass, "")
             && WriteUserText(m_extension, "", Names::kClass);
         TellShell();
         return isSet;
@@ -51,27 +54,70 @@ public:
 
     bool Undo() override
     {
-        const bool isUndone = (!IsOurs() || RestoreBefore())
-            && RemoveUserValue(m_openWith, Names::kClass) && RemoveEmptyUserKey(m_openWith)
-            && RemoveEmptyUserKey(m_extension) && RemoveUserKeyWithAllBelow(m_class);
+        const bool isUndone = GiveBackToCopy() || UndoAll();
         TellShell();
         return isUndone;
     }
 
 private:
+    std::string IconKey() const { return m_class + "\\DefaultIcon"; }
     std::string CommandKey() const { return m_class + R"(\shell\open\command)"; }
-    std::string Command() const { return '"' + m_program + R"(" "%1")"; }
+    static std::string Command(const std::string& program) { return '"' + program + R"(" "%1")"; }
+
+    bool OpenWith(const std::string& program) const
+    {
+        return WriteUserText(IconKey(), "", program + std::string(kFirstIcon))
+            && WriteUserText(CommandKey(), "", Command(program));
+    }
+
+    /// The program that opens the files now, as the icon's entry names it.
+    std::string CurrentProgram() const
+    {
+        std::string icon = ReadUserText(IconKey(), "");
+        if (icon.ends_with(kFirstIcon))
+            icon.resize(icon.size() - kFirstIcon.size());
+        return icon;
+    }
+
+    /// Another copy had the files and is still there.
+    bool GiveBackToCopy() const
+    {
+        const std::string copy = ReadUserText(m_class, Names::kBeforeCopy);
+        std::error_code error;
+        return IsOurs() && !copy.empty() && std::filesystem::exists(PathFromUtf8(copy), error)
+            && OpenWith(copy) && RemoveUserValue(m_class, Names::kBeforeCopy);
+    }
+
+    bool UndoAll() const
+    {
+        return (!IsOurs() || RestoreBefore())
+            && RemoveUserValue(m_openWith, Names::kClass) && RemoveEmptyUserKey(m_openWith)
+            && RemoveEmptyUserKey(m_extension) && RemoveUserKeyWithAllBelow(m_class);
+    }
 
     bool IsOurs() const { return EqualsIgnoringCase(ReadUserText(m_extension, ""), Names::kClass); }
 
-    /// Notes what the extension has, unless that is our own class already.
+    /// Notes what the extension has; where that is our own class, whose it is.
     bool KeepBefore() const
     {
         if (IsOurs())
-            return true;
+            return KeepCopy();
         const auto before = ReadUserValue(m_extension, "");
-        return before ? WriteUserValue(m_class, Names::kBefore, *before)
-                      : RemoveUserValue(m_class, Names::kBefore);
+        return RemoveUserValue(m_class, Names::kBeforeCopy)
+            && (before ? WriteUserValue(m_class, Names::kBefore, *before)
+                       : RemoveUserValue(m_class, Names::kBefore));
+    }
+
+    /// A copy that takes back what another one took from it has nobody before it.
+    bool KeepCopy() const
+    {
+        const std::string current = CurrentProgram();
+        if (current == m_program)
+            return true;
+        const bool isTakenBack = ReadUserText(m_class, Names::kBeforeCopy) == m_program;
+        return current.empty() || isTakenBack
+            ? RemoveUserValue(m_class, Names::kBeforeCopy)
+            : WriteUserText(m_class, Names::kBeforeCopy, current);
     }
 
     bool RestoreBefore() const

@@ -113,6 +113,25 @@ TEST_F(FileAssociationTest, ACopyOfTheProgramElsewhereIsAnother)
     EXPECT_EQ(
         ReadUserText(m_classes + "\\Vireo.con\\DefaultIcon", ""), "D:\\portable\\vireo.exe,0");
     EXPECT_EQ(m_association->State(), AssociationState::Off);
+    ASSERT_TRUE(other->Undo());
+    EXPECT_FALSE(ReadUserValue(m_extension, "")) << "the first one is not there to get it back";
+}
+
+TEST_F(FileAssociationTest, ACopyGetsBackWhatAnotherOneTook)
+{
+    AssociationSetup present = m_setup;
+    present.program = ProgramPath();
+    const auto first = UserFileAssociation(present);
+    ASSERT_TRUE(WriteUserText(m_extension, "", "Other.con"));
+    ASSERT_TRUE(first->Set() && m_association->Set() && m_association->Set());
+    ASSERT_TRUE(m_association->Undo());
+    EXPECT_EQ(first->State(), AssociationState::On);
+    ASSERT_TRUE(first->Undo());
+    EXPECT_EQ(ReadUserText(m_extension, ""), "Other.con");
+
+    ASSERT_TRUE(first->Set() && m_association->Set() && first->Set());
+    ASSERT_TRUE(first->Undo()) << "it has taken the files back itself";
+    EXPECT_EQ(ReadUserText(m_extension, ""), "Other.con");
 }
 
 TEST_F(FileAssociationTest, TheUsersOwnChoiceOverrulesIt)
