@@ -1,5 +1,7 @@
 #include "app/ShrunkWindow.h"
 
+#include "platform/TaskBar.h"
+
 #include <QLayout>
 #include <QWidget>
 #include <QWindow>
@@ -37,6 +39,10 @@ void ShrunkWindow::Shrink()
     m_window.setWindowOpacity(0);
     SetFrame(m_window, false);
     m_window.setGeometry(kShrunk);
+    // Where text wraps, Windows lets no window become smaller than its layout.
+    m_window.setMask(QRect(QPoint(), kShrunk.size()));
+    // The viewer in front has its own button there.
+    ShowOnTaskBar(m_window.effectiveWinId(), false);
 }
 
 void ShrunkWindow::Restore()
@@ -44,11 +50,13 @@ void ShrunkWindow::Restore()
     if (!m_bShrunk)
         return;
     m_bShrunk = false;
+    m_window.clearMask();
     m_window.setMinimumSize(m_minimumSize);
     SetLayoutConstraint(m_window, QLayout::SetDefaultConstraint);
     SetFrame(m_window, true);
     m_window.setGeometry(m_normalPosition);
     m_window.setWindowOpacity(1);
+    ShowOnTaskBar(m_window.effectiveWinId(), true);
 }
 
 } // namespace vireo

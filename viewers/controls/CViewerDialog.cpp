@@ -66,6 +66,14 @@ void AddAboutToSystemMenu(HWND window)
     AppendMenuW(systemMenu, MF_STRING, CommandId::kAbout, text.toStdWString().c_str());
 }
 
+/// A window that another one owns has no button on the task bar by itself, and would become a stub
+/// on the desktop when it is minimised.
+void PutOnTaskBar(HWND window)
+{
+    SetWindowLongPtrW(
+        window, GWL_EXSTYLE, GetWindowLongPtrW(window, GWL_EXSTYLE) | WS_EX_APPWINDOW);
+}
+
 } // namespace
 #endif
 
@@ -83,8 +91,10 @@ bool CViewerDialog::event(QEvent* event)
     const bool isHandled = QDialog::event(event);
 #ifdef _WIN32
     // A window that the toolkit makes anew has a new system menu.
-    if (event->type() == QEvent::WinIdChange && internalWinId() != 0)
+    if (event->type() == QEvent::WinIdChange && internalWinId() != 0) {
         AddAboutToSystemMenu(reinterpret_cast<HWND>(internalWinId()));
+        PutOnTaskBar(reinterpret_cast<HWND>(internalWinId()));
+    }
 #endif
     return isHandled;
 }

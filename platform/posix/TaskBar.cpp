@@ -1,0 +1,7 @@
+#include "platform/TaskBar.h"
+
+namespace vireo {
+
+void ShowOnTaskBar(std::uintptr_t, bool) { }
+
+} // namespace vireo
