@@ -15,13 +15,6 @@ namespace {
 /// Ten of the longest paths that any system allows.
 constexpr std::size_t kMaxListBytes = 512 * 1024;
 
-std::filesystem::path NormalForm(const std::filesystem::path& file)
-{
-    std::error_code error;
-    const auto absolute = std::filesystem::absolute(file, error);
-    return (error ? file : absolute).lexically_normal();
-}
-
 std::string_view TakeLine(std::string_view& text)
 {
     const std::size_t end = std::min(text.find('\n'), text.size());
@@ -46,7 +39,7 @@ FileStatus RecentFiles::Load()
     m_files.clear();
     for (std::string_view rest = content; !rest.empty() && m_files.size() < kMaxFiles;) {
         const auto file = PathFromUtf8(TakeLine(rest));
-        if (file.is_absolute() && std::ranges::find(m_files, file) == m_files.end())
+        if (IsFullPath(file) && std::ranges::find(m_files, file) == m_files.end())
             m_files.push_back(file);
     }
     return FileStatus::Ok;
@@ -54,7 +47,7 @@ FileStatus RecentFiles::Load()
 
 FileStatus RecentFiles::Add(const std::filesystem::path& file)
 {
-    const auto normal = NormalForm(file);
+    const auto normal = FullPath(file);
     if (Utf8FromPath(normal).find_first_of("\r\n") != std::string::npos)
         return FileStatus::Ok;
     // A list that cannot be read is started anew: it holds nothing that cannot be missed.

@@ -18,7 +18,7 @@ std::filesystem::path ProfilePath(const std::string& name)
 {
     const std::filesystem::path path = PathFromUtf8(name);
     std::error_code error;
-    return std::filesystem::exists(path, error) ? std::filesystem::absolute(path, error) : path;
+    return std::filesystem::exists(path, error) ? FullPath(path) : path;
 }
 
 void AddOptions(CommandOptions& command, Settings& settings)

@@ -17,7 +17,7 @@ std::filesystem::path DrawingProgram()
     std::error_code error;
     if (const auto beside = folder / kDrawingProgram; std::filesystem::exists(beside, error))
         return beside;
-    return (folder / VIREO_DRAWING_FOLDER / kDrawingProgram).lexically_normal();
+    return FullPath(folder / VIREO_DRAWING_FOLDER / kDrawingProgram);
 }
 
 } // namespace

@@ -14,6 +14,13 @@ std::string Utf8FromPath(const std::filesystem::path& path);
 /// A path as messages show it: UTF-8 with the system's separators.
 std::string ShownPath(std::filesystem::path path);
 
+/// A path in full, from its drive, share or root on, without "." and ".."; as it is where the
+/// system cannot tell. The standard library's own knows no shares of Windows, as \\server\share.
+std::filesystem::path FullPath(const std::filesystem::path& path);
+
+/// Whether a path begins with its drive and root, its share, or elsewhere its root.
+bool IsFullPath(const std::filesystem::path& path);
+
 /// The folder that holds a file; "." for a bare name.
 std::filesystem::path FolderOf(const std::filesystem::path& file);
 

@@ -2,6 +2,7 @@
 
 #include "platform/KnownFolders.h"
 #include "platform/LibraryHandle.h"
+#include "platform/Path.h"
 
 #include <utility>
 
@@ -32,8 +33,8 @@ bool SharedLibrary::Load(const std::filesystem::path& library)
     if (library.empty())
         return false;
     // The folder in front also keeps the system from searching for a bare name.
-    const std::filesystem::path path = library.is_absolute() ? library : ProgramFolder() / library;
-    if (path.is_absolute())
+    const std::filesystem::path path = IsFullPath(library) ? library : ProgramFolder() / library;
+    if (IsFullPath(path))
         m_handle = OpenLibrary(path);
     return IsLoaded();
 }

@@ -68,11 +68,10 @@ std::string ReadWorkPath(const SettingsFolders& folders)
 void RecordWorkPath(const SettingsFolders& folders, const std::filesystem::path& folder)
 {
     const auto settings = LocateSettingsFile(folders, kFixedPathFile);
-    std::error_code error;
-    // The empty name behind it gives the path its separator at the end.
-    auto path = std::filesystem::absolute(folder, error).lexically_normal() / "";
-    if (!settings || error)
+    if (!settings)
         return;
+    // The empty name behind it gives the path its separator at the end.
+    auto path = FullPath(folder) / "";
     const std::string utf8 = Utf8FromPath(path.make_preferred());
     const std::string text = Windows1252FromUtf8(utf8);
     if (text.size() < kLongestPath && Utf8FromWindows1252(text) == utf8)

@@ -12,4 +12,16 @@ std::string Utf8FromPath(const std::filesystem::path& path)
     return path.native();
 }
 
+std::filesystem::path FullPath(const std::filesystem::path& path)
+{
+    std::error_code error;
+    const auto full = std::filesystem::absolute(path, error);
+    return (error ? path : full).lexically_normal();
+}
+
+bool IsFullPath(const std::filesystem::path& path)
+{
+    return path.is_absolute();
+}
+
 } // namespace vireo

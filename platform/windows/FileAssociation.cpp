@@ -90,9 +90,9 @@ private:
 
     bool UndoAll() const
     {
-        return (!IsOurs() || RestoreBefore())
-            && RemoveUserValue(m_openWith, Names::kClass) && RemoveEmptyUserKey(m_openWith)
-            && RemoveEmptyUserKey(m_extension) && RemoveUserKeyWithAllBelow(m_class);
+        return (!IsOurs() || RestoreBefore()) && RemoveUserValue(m_openWith, Names::kClass)
+            && RemoveEmptyUserKey(m_openWith) && RemoveEmptyUserKey(m_extension)
+            && RemoveUserKeyWithAllBelow(m_class);
     }
 
     bool IsOurs() const { return EqualsIgnoringCase(ReadUserText(m_extension, ""), Names::kClass); }
@@ -115,9 +115,8 @@ private:
         if (current == m_program)
             return true;
         const bool isTakenBack = ReadUserText(m_class, Names::kBeforeCopy) == m_program;
-        return current.empty() || isTakenBack
-            ? RemoveUserValue(m_class, Names::kBeforeCopy)
-            : WriteUserText(m_class, Names::kBeforeCopy, current);
+        return current.empty() || isTakenBack ? RemoveUserValue(m_class, Names::kBeforeCopy)
+                                              : WriteUserText(m_class, Names::kBeforeCopy, current);
     }
 
     bool RestoreBefore() const

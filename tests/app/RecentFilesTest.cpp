@@ -41,6 +41,18 @@ TEST(RecentFilesTest, NewestComesFirstAndOnlyOnce)
     EXPECT_EQ(later.Files(), recent.Files());
 }
 
+#ifdef _WIN32
+TEST(RecentFilesTest, AFileOnAShareStaysThere)
+{
+    const TempFolder folder;
+    RecentFiles recent(folder.Path() / "recent.txt");
+    ASSERT_EQ(recent.Add(LR"(\\server\share\a.con)"), FileStatus::Ok);
+    ASSERT_EQ(recent.Load(), FileStatus::Ok);
+    ASSERT_EQ(recent.Files().size(), 1U);
+    EXPECT_EQ(Utf8FromPath(recent.Files().front()), R"(\\server\share\a.con)");
+}
+#endif
+
 TEST(RecentFilesTest, KeepsTen)
 {
     const TempFolder folder;

@@ -48,5 +48,36 @@ TEST(Path, Utf8ComesBack)
 #endif
 }
 
+struct FullRow {
+    std::string_view path;
+    bool isFull;
+    std::string_view full;
+};
+
+TEST(Path, InFullFromItsRootOn)
+{
+    const FullRow rows[] = {
+#ifdef _WIN32
+        {R"(\\server\share\a\..\b.con)", true, R"(\\server\share\b.con)"},
+        {R"(//server/share/b.con)", true, R"(\\server\share\b.con)"},
+        {R"(\\?\UNC\server\share\b.con)", true, R"(\\?\UNC\server\share\b.con)"},
+        {R"(C:\a\.\b.con)", true, R"(C:\a\b.con)"},
+        {R"(\b.con)", false, {}},
+        {R"(C:b.con)", false, {}},
+#else
+        {"/a/./../b.con", true, "/b.con"},
+#endif
+        {"b.con", false, {}},
+    };
+    for (const FullRow& row : rows) {
+        const auto path = PathFromUtf8(row.path);
+        EXPECT_EQ(IsFullPath(path), row.isFull) << row.path;
+        EXPECT_TRUE(IsFullPath(FullPath(path))) << row.path;
+        if (row.isFull) {
+            EXPECT_EQ(Utf8FromPath(FullPath(path)), row.full);
+        }
+    }
+}
+
 } // namespace
 } // namespace vireo
