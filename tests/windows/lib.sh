@@ -6,11 +6,11 @@ source "$(dirname "${BASH_SOURCE[0]}")/../packaging/lib.sh"
 # run PROGRAM ARGUMENT...: its output in $scratch/output, never through a pipe.
 run() { wine "$@" >"$scratch/output" 2>&1 </dev/null; }
 
-# wait_for COMMAND...: until it succeeds, or for 20 seconds.
+# wait_for COMMAND...: until it succeeds, or for as many seconds as `patience` says, by itself 20.
 wait_for() {
     local began=$SECONDS
     until "$@" 2>/dev/null; do
-        ((SECONDS - began < 20)) || return 1
+        ((SECONDS - began < ${patience:-20})) || return 1
         sleep 0.1
     done
 }
@@ -53,11 +53,19 @@ end_viewer() {
     ((status == 0)) || complain "$name: the viewer ended with $status: $(<"$scratch/output")"
 }
 
-# press WINDOW KEY...: keys as a user presses them, in the window that is in front then.
-press() {
-    local number=$1
-    shift
-    xdotool windowactivate --sync "$number" key --clearmodifiers --delay 50 "$@"
+# press WINDOW KEY: as a user does, in the window that is in front then.
+press() { timeout 20 xdotool windowactivate --sync "$1" key --clearmodifiers --delay 50 "$2" || true; }
+
+# press_for WINDOW KEY COMMAND...: presses a key and waits until the command succeeds. Where a machine is
+# busy the window may not be ready for keys at first.
+press_for() {
+    local number=$1 key=$2
+    shift 2
+    for _ in {1..3}; do
+        press "$number" "$key"
+        wait_for "$@" && return
+    done
+    return 1
 }
 
 # as_windows_has_it FILE: the path of a file of this machine.
