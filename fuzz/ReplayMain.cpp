@@ -1,5 +1,5 @@
 // Runs a fuzz target on its corpus without a fuzzer: every file, and of small files every
-// truncation and every byte changed in a few ways.
+// truncation and every byte changed in a few ways, unless --files-only is given.
 
 #include "fuzz/FuzzInput.h"
 
@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -49,8 +50,9 @@ void RunChangedBytes(const Bytes& input)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s CORPUS-FOLDER\n", argv[0]);
+    const bool filesOnly = argc == 3 && std::string_view(argv[2]) == "--files-only";
+    if (argc != 2 && !filesOnly) {
+        std::fprintf(stderr, "usage: %s CORPUS-FOLDER [--files-only]\n", argv[0]);
         return 2;
     }
     std::vector<std::filesystem::path> files;
@@ -68,7 +70,7 @@ int main(int argc, char** argv)
         std::fflush(stdout);
         const Bytes input = ReadFile(file);
         RunCopy(input);
-        if (input.size() <= kSmallBytes) {
+        if (!filesOnly && input.size() <= kSmallBytes) {
             RunTruncations(input);
             RunChangedBytes(input);
         }

@@ -7,6 +7,8 @@ export WINEDEBUG=-all
 # No questions about Mono and Gecko, and no entries in the desktop's menus.
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 unset DISPLAY WAYLAND_DISPLAY
+# Names of files that are not ASCII exist for Wine only where they are UTF-8.
+export LC_ALL=C.UTF-8
 
 wine_processes=()
 
