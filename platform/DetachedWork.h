@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/DetachedThread.h"
+
 #include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 namespace vireo {
@@ -30,14 +30,12 @@ public:
     {
         GiveUp();
         m_shared = std::make_shared<Shared>();
-        try {
-            std::thread([shared = m_shared, work = std::move(work)] {
-                shared->answer.emplace(work(shared->stop.get_token()));
-                shared->isDone.store(true, std::memory_order_release);
-            }).detach();
-        } catch (const std::system_error&) {
+        const bool hasThread = RunDetached([shared = m_shared, work = std::move(work)] {
+            shared->answer.emplace(work(shared->stop.get_token()));
+            shared->isDone.store(true, std::memory_order_release);
+        });
+        if (!hasThread)
             m_shared.reset();
-        }
         return m_shared != nullptr;
     }
 
