@@ -3,18 +3,23 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <optional>
 #include <thread>
 
 using namespace vireo;
 
 namespace {
-std::vector<std::filesystem::path> WaitForMissing(FileCheck& check)
+/// Nothing when there is no answer within a minute.
+std::optional<std::vector<std::filesystem::path>> WaitForMissing(FileCheck& check)
 {
-    for (;;) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (std::chrono::steady_clock::now() < end) {
         if (auto missing = check.TakeMissing())
-            return *missing;
+            return missing;
         std::this_thread::yield();
     }
+    return std::nullopt;
 }
 } // namespace
 
