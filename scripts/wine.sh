@@ -59,10 +59,11 @@ make_prefix() {
         wine regedit /S "$WINEPREFIX/fonts.reg" && wineserver -w && touch "$WINEPREFIX/.ready"
 }
 
-# A screen of the size of a usual one, with a manager that gives windows their place and title bars.
+# A screen of the size of a usual one, with a manager that gives windows their place and title bars. Keys
+# do not repeat: on a busy machine one that is pressed for a moment would.
 start_screen() {
     local display
-    coproc SCREEN { exec Xvfb -displayfd 1 -ac -screen 0 1920x1080x24 2>/dev/null; }
+    coproc SCREEN { exec Xvfb -displayfd 1 -ac -r -screen 0 1920x1080x24 2>/dev/null; }
     wine_processes+=("$SCREEN_PID")
     read -r display <&"${SCREEN[0]}"
     export DISPLAY=:$display

@@ -4,7 +4,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/lib.sh"
 
 bad=0
 complain() {
-    printf '%s\n' "$*"
+    printf 'failed: %s\n' "$*"
     bad=1
 }
 

@@ -6,11 +6,14 @@ source "$(dirname "${BASH_SOURCE[0]}")/../packaging/lib.sh"
 # run PROGRAM ARGUMENT...: its output in $scratch/output, never through a pipe.
 run() { wine "$@" >"$scratch/output" 2>&1 </dev/null; }
 
-# wait_for COMMAND...: until it succeeds, or for as many seconds as `patience` says, by itself 20.
+# For how many seconds something may not happen.
+patience=60
+
+# wait_for COMMAND...: until it succeeds.
 wait_for() {
     local began=$SECONDS
     until "$@" 2>/dev/null; do
-        ((SECONDS - began < ${patience:-20})) || return 1
+        ((SECONDS - began < patience)) || return 1
         sleep 0.1
     done
 }
@@ -44,7 +47,7 @@ start_viewer() {
 # end_viewer NAME: closes its windows until it has ended, which it has to do with 0.
 end_viewer() {
     local name=$1 began=$SECONDS status=0
-    while kill -0 "$process" 2>/dev/null && ((SECONDS - began < 20)); do
+    while kill -0 "$process" 2>/dev/null && ((SECONDS - began < patience)); do
         close_windows < <(windows)
         sleep 0.1
     done
@@ -63,7 +66,7 @@ press_for() {
     shift 2
     for _ in {1..3}; do
         press "$number" "$key"
-        wait_for "$@" && return
+        patience=20 wait_for "$@" && return
     done
     return 1
 }
