@@ -60,8 +60,9 @@ PicturePyramid::PicturePyramid(const PictureRows& rows, std::uint64_t mostBytes)
 {
     const std::int64_t width = rows.Width();
     const std::int64_t height = rows.Height();
-    if (std::max(width, height) <= kSmallestSide || width * rows.Channels() > kMostRowBytes
-        || height > kMostPixels / width)
+    // A damaged file may say that its picture is nothing wide.
+    if (width <= 0 || std::max(width, height) <= kSmallestSide
+        || width * rows.Channels() > kMostRowBytes || height > kMostPixels / width)
         return;
     Plan(mostBytes);
     for (Level& level : m_levels) {

@@ -365,6 +365,12 @@ TEST(PicturePyramid, TakesNoMemoryForPicturesThatCannotBe)
     const Canvas canvas({&picture, &none}, view);
     EXPECT_EQ(canvas.Gray(0, 0), 100);
 
+    for (const std::int64_t side : {0, 0x7FFFFFFF}) {
+        picture.m_width = side;
+        picture.m_height = 0x7FFFFFFF - side;
+        EXPECT_FALSE(PicturePyramid(picture).HasLevels()) << side;
+    }
+
     picture.m_width = 1000;
     picture.m_height = 200'000;
     PicturePyramid tall(picture);
