@@ -35,4 +35,27 @@ std::filesystem::path PathFromQString(const QString& path)
 #endif
 }
 
+QString WithLongWordsBroken(const QString& text, qsizetype length)
+{
+    QString result;
+    qsizetype inWord = 0;
+    // Behind the last separator of this line of a word; 0: none.
+    qsizetype separator = 0;
+    for (const QChar character : text) {
+        if (inWord >= length && !character.isLowSurrogate()) {
+            const qsizetype end = separator > 0 ? separator : result.size();
+            inWord = result.size() - end;
+            result.insert(end, u'\n');
+            separator = 0;
+        }
+        result += character;
+        inWord = character.isSpace() ? 0 : inWord + 1;
+        if (inWord == 0)
+            separator = 0;
+        else if (character == u'/' || character == u'\\')
+            separator = result.size();
+    }
+    return result;
+}
+
 } // namespace vireo

@@ -22,4 +22,8 @@ QString QStringFromPath(const std::filesystem::path& path);
 /// The path that a file dialog, a dropped URL or a line of text names; any character survives.
 std::filesystem::path PathFromQString(const QString& path);
 
+/// Text whose lines can all be drawn about `length` characters wide: words longer than that, which
+/// paths are, go on in a new line behind one of their separators, or anywhere when they have none.
+QString WithLongWordsBroken(const QString& text, qsizetype length);
+
 } // namespace vireo

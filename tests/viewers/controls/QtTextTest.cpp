@@ -28,5 +28,24 @@ TEST(QtText, PathsKeepEveryCharacter)
     EXPECT_EQ(QStringFromPath(PathFromQString(path)), path);
 }
 
+TEST(QtText, LongPathsBreakBehindASeparator)
+{
+    const struct {
+        QString text, shown;
+    } cases[] = {
+        {"", ""},
+        {"short words only, in a long line", "short words only, in a long line"},
+        {"12345678", "12345678"},
+        {"123456789", "12345678\n9"},
+        {"C:\\ab\\cde\\f.con is bad", "C:\\ab\\\ncde\\\nf.con is bad"},
+        {"//a/b/c/d/e/f/g/h", "//a/b/c/\nd/e/f/g/\nh"},
+        {"a/ /23456789", "a/ /\n23456789"},
+        // Two halves of one character stay together.
+        {QStringLiteral("1234567\U0001F600z"), QStringLiteral("1234567\U0001F600\nz")},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(WithLongWordsBroken(each.text, 8).toStdString(), each.shown.toStdString());
+}
+
 } // namespace
 } // namespace vireo
