@@ -151,7 +151,7 @@ std::string ConvertTif(const TifConversion& conversion, WorkProgress* progress)
         result = reader.ReadLine();
     }
     if (result != ImageResult::Ok && writer.Result() == ImageResult::Ok)
-        return std::string(Describe(result)) + (row > 0 ? Format(" in row %u", row) : "");
+        return std::string(Describe(result)) + (row > 0 ? Format(" in row %u", row - 1) : "");
     if (result == ImageResult::Ok)
         result = reader.Close(0);
     return result == ImageResult::Ok ? "" : DescribeWriter(conversion, writer);

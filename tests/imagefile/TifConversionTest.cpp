@@ -181,7 +181,7 @@ TEST_F(TifConversionTest, PagesAndWhatFails)
     conversion.page = 3;
     EXPECT_EQ(Convert(), "Tif format error");
     conversion.page = 2;
-    EXPECT_EQ(Convert(), "Tif format error in row 2") << "which would hold 128 bytes";
+    EXPECT_EQ(Convert(), "Tif format error in row 1") << "which would hold 128 bytes";
     EXPECT_EQ(ReadTif(conversion.output).pixels, "ab") << "the old output stays";
     conversion.page = 1;
     conversion.compression = TifCompression::kGroup4;
