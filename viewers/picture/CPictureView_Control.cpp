@@ -151,6 +151,7 @@ PicturePlotContent CPictureView_Control::Content() const
     if (m_picture) {
         content.picture = m_picture->Content();
         content.coveredRows = m_picture->CoveredRows();
+        content.missingRows = m_picture->MissingRows();
     }
     if (m_bShowBoundaries)
         content.boundaries = m_boundaries;

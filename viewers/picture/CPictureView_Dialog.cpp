@@ -226,7 +226,9 @@ void CPictureView_Dialog::ShowFacts()
     m_ui->boundariesCheck->setVisible(m_ui->plot->HasBoundaries());
     m_ui->marksCheck->setVisible(m_ui->plot->HasMarks());
     m_ui->showGroup->setVisible(m_ui->plot->HasBoundaries() || m_ui->plot->HasMarks());
-    m_ui->saveButton->setEnabled(hasPicture);
+    // A file that lacks rows would only come to the same fault.
+    m_ui->saveButton->setEnabled(
+        hasPicture && (m_loader.IsRunning() || Picture().RowsResult() == ImageResult::Ok));
     m_ui->printButton->setEnabled(hasPicture);
 }
 
@@ -299,7 +301,7 @@ void CPictureView_Dialog::LoadFile(const std::filesystem::path& file)
 
 void CPictureView_Dialog::OnSave()
 {
-    if (Picture().Holding() == PictureHolding::Nowhere)
+    if (!m_ui->saveButton->isEnabled())
         return;
     const std::optional<PictureForm> form = AskForForm();
     if (!form)

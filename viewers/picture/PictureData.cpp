@@ -161,9 +161,18 @@ ImageResult PictureData::RowsResult() const
 
 std::int64_t PictureData::CoveredRows() const
 {
-    if (m_reduced)
-        return m_reduced->CoveredRows();
-    return m_rows ? m_rows->CoveredRows() : 0;
+    if (!m_rows)
+        return 0;
+    const std::int64_t covered = m_rows->CoveredRows();
+    // Reduced sizes are some rows behind, where loading was cancelled for good.
+    if (!m_pyramid->HasLevels() || m_pyramid->IsComplete())
+        return covered;
+    return std::min(m_pyramid->RowsDone() * m_pyramid->Levels().front().reduction, covered);
+}
+
+std::vector<RowRange> PictureData::MissingRows() const
+{
+    return m_rows ? m_rows->MissingRows() : std::vector<RowRange>();
 }
 
 PictureContent PictureData::Content() const
@@ -175,7 +184,8 @@ PictureContent PictureData::Content() const
 
 std::optional<PixelSamples> PictureData::SamplesAt(std::int64_t column, std::int64_t row) const
 {
-    return m_rows && !m_reduced ? m_rows->SamplesAt(column, row) : std::nullopt;
+    return m_rows && !m_reduced && row < CoveredRows() ? m_rows->SamplesAt(column, row)
+                                                       : std::nullopt;
 }
 
 } // namespace vireo

@@ -8,6 +8,7 @@
 #include "viewers/controls/PictureDrawing.h"
 #include "viewers/controls/PicturePyramid.h"
 #include "viewers/picture/ReducedRows.h"
+#include "viewers/picture/RowRange.h"
 #include "viewers/picture/TiffRows.h"
 
 #include <atomic>
@@ -15,6 +16,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace vireo {
 
@@ -66,6 +68,8 @@ public:
     ImageResult RowsResult() const;
     /// Rows that can be seen so far. Once it is loaded, those behind are not in the file.
     std::int64_t CoveredRows() const;
+    /// The rows before those of which nothing could be read, from the top on.
+    std::vector<RowRange> MissingRows() const;
 
     /// What is drawn; empty when there is no picture.
     PictureContent Content() const;

@@ -51,14 +51,38 @@ public:
 private:
     void DrawMissing()
     {
-        if (m_content.coveredRows >= m_view.y.picture)
+        // Where a pixel of the view stands for many rows, neighbours are drawn as one.
+        QRectF stretch;
+        for (const RowRange& rows : m_content.missingRows) {
+            const QRectF next = RectOf(rows);
+            if (!stretch.isNull() && next.top() <= stretch.bottom()) {
+                stretch.setBottom(next.bottom());
+                continue;
+            }
+            Hatch(stretch);
+            stretch = next;
+        }
+        Hatch(stretch);
+        if (m_content.coveredRows < m_view.y.picture)
+            Hatch(RectOf({m_content.coveredRows, m_view.y.picture}));
+    }
+
+    /// Whole pixels of the view: a single missing row is seen at every zoom.
+    QRectF RectOf(const RowRange& rows) const
+    {
+        QRectF rect = m_picture;
+        rect.setTop(std::floor(m_view.PlaceOfY(rows.first)));
+        rect.setBottom(std::max(std::ceil(m_view.PlaceOfY(rows.end)), rect.top() + 1.0));
+        return rect;
+    }
+
+    void Hatch(const QRectF& rect)
+    {
+        const QRectF seen = rect.intersected(m_picture);
+        if (seen.isEmpty())
             return;
-        QRectF missing = m_picture;
-        missing.setTop(std::max(missing.top(), m_view.PlaceOfY(m_content.coveredRows)));
-        if (missing.height() <= 0.0)
-            return;
-        m_painter.fillRect(missing, kMissing);
-        m_painter.fillRect(missing, QBrush(kMissingHatch, Qt::BDiagPattern));
+        m_painter.fillRect(seen, kMissing);
+        m_painter.fillRect(seen, QBrush(kMissingHatch, Qt::BDiagPattern));
     }
 
     void DrawBoundaries()

@@ -4,6 +4,7 @@
 #include "viewers/controls/PictureMark.h"
 #include "viewers/controls/PictureView.h"
 #include "viewers/picture/PictureCameras.h"
+#include "viewers/picture/RowRange.h"
 
 #include <QImage>
 #include <QRectF>
@@ -26,7 +27,8 @@ struct PicturePlotContent {
     /// Pixels of the view that are as wide as a line on the screen: lines and texts are in
     /// proportion to it.
     double unit = 1.0;
-    std::int64_t coveredRows = 0; ///< Rows behind them are not there, or not yet.
+    std::int64_t coveredRows = 0;      ///< Rows behind them are not there, or not yet.
+    std::vector<RowRange> missingRows; ///< Others that are not there, from the top on.
     std::span<const CameraBoundary> boundaries;
     std::span<const PictureMark> marks;
     std::optional<PictureMark> middle; ///< The pixel that the marks are shown for.

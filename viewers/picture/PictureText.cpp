@@ -208,16 +208,60 @@ std::string HoldingNote(const PictureData& data)
         BytesText(data.PixelBytes()).c_str(), Long(data.KeptReduction()));
 }
 
+namespace {
+
+std::string RangeText(const RowRange& rows)
+{
+    return rows.end - rows.first == 1
+        ? Format("%lld", Long(rows.first))
+        : Format("%lld to %lld", Long(rows.first), Long(rows.end - 1));
+}
+
+/// The first of them by their numbers.
+std::string RangesText(const std::vector<RowRange>& ranges)
+{
+    constexpr std::size_t kNamed = 3;
+    std::string text;
+    const std::size_t named = std::min(ranges.size(), kNamed);
+    for (std::size_t i = 0; i < named; ++i) {
+        if (i > 0)
+            text += i + 1 == ranges.size() ? " and " : ", ";
+        text += RangeText(ranges[i]);
+    }
+    std::int64_t more = 0;
+    for (std::size_t i = named; i < ranges.size(); ++i)
+        more += ranges[i].end - ranges[i].first;
+    return more > 0 ? text + Format(" and %lld more", Long(more)) : text;
+}
+
+bool IsOneRow(const std::vector<RowRange>& ranges)
+{
+    return ranges.size() == 1 && ranges[0].end - ranges[0].first == 1;
+}
+
+/// "Row 7" or "Rows 7 to 9", at the beginning of a sentence.
+std::string RowsText(const std::vector<RowRange>& ranges)
+{
+    return (IsOneRow(ranges) ? "Row " : "Rows ") + RangesText(ranges);
+}
+
+} // namespace
+
 std::string LoadingNote(const PictureData& data, bool isLoading)
 {
     if (isLoading || data.Holding() == PictureHolding::Nowhere)
         return HoldingNote(data);
     std::string note = HoldingNote(data);
-    const std::int64_t covered = data.CoveredRows();
-    if (covered < data.Page().height) {
-        note.append(note.empty() ? "" : "\n");
-        note += Format("Rows %lld to %u %s.", Long(covered), data.Page().height - 1,
-            data.IsLoaded() ? "are not in the file" : "are not loaded");
+    const auto add = [&note](const std::string& sentence) {
+        note.append(note.empty() ? "" : "\n").append(sentence);
+    };
+    if (const std::vector<RowRange> missing = data.MissingRows(); !missing.empty())
+        add(RowsText(missing) + " could not be read.");
+    const std::int64_t height = data.Page().height;
+    if (const std::int64_t covered = data.CoveredRows(); covered < height) {
+        const std::vector<RowRange> rest{{covered, height}};
+        add(RowsText(rest) + (IsOneRow(rest) ? " is not " : " are not ")
+            + (data.IsLoaded() ? "in the file." : "loaded."));
     }
     return note;
 }

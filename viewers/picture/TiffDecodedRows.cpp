@@ -38,13 +38,23 @@ std::uint8_t* TiffDecodedRows::RowAt(std::int64_t row) const
     return m_memory.get() + static_cast<std::size_t>(row % m_keptRows) * m_rowBytes;
 }
 
+/// Whether the row is as it was before it was decoded, which the reader turns over where 0 is
+/// white.
+bool TiffDecodedRows::IsBlank() const
+{
+    const std::uint8_t blank =
+        Pixels().Depth() == ColorDepth::Bilevel && m_line[0] == 0xFF ? 0xFF : 0;
+    return std::all_of(
+        m_line, m_line + m_rowBytes, [blank](std::uint8_t byte) { return byte == blank; });
+}
+
 ImageResult TiffDecodedRows::LoadRow(std::int64_t row, bool& isThere)
 {
     m_line = RowAt(row);
     std::fill_n(m_line, m_rowBytes, std::uint8_t{0});
     const ImageResult result = m_reader->ReadLine();
     if (result != ImageResult::Ok)
-        isThere = std::any_of(m_line, m_line + m_rowBytes, [](std::uint8_t b) { return b != 0; });
+        isThere = !IsBlank();
     if (row + 1 == Height())
         std::ignore = m_reader->Close(0); // Nothing is left that could fail.
     return result;

@@ -33,6 +33,7 @@ private:
     ImageResult EndImage(std::uint32_t) override;
 
     std::uint8_t* RowAt(std::int64_t row) const;
+    bool IsBlank() const;
 
     std::unique_ptr<CTIFReader> m_reader;
     std::size_t m_rowBytes;

@@ -18,8 +18,38 @@ void TiffRows::Load(std::int64_t end, const WorkProgress& progress)
             m_result = result;
         if (result == ImageResult::Ok || isThere)
             m_covered.store(row + 1, std::memory_order_release);
+        else
+            AddMissing(row);
         m_loaded.store(row + 1, std::memory_order_release);
     }
+}
+
+void TiffRows::AddMissing(std::int64_t row)
+{
+    const std::lock_guard lock(m_missingMutex);
+    if (!m_missing.empty() && m_missing.back().end == row)
+        ++m_missing.back().end;
+    else
+        m_missing.push_back({row, row + 1});
+    m_isAnyMissing.store(true, std::memory_order_release);
+}
+
+std::vector<RowRange> TiffRows::MissingWithin(RowRange rows) const
+{
+    std::vector<RowRange> within;
+    if (!m_isAnyMissing.load(std::memory_order_acquire))
+        return within;
+    const std::lock_guard lock(m_missingMutex);
+    auto range = std::upper_bound(m_missing.begin(), m_missing.end(), rows.first,
+        [](std::int64_t row, const RowRange& each) { return row < each.end; });
+    for (; range != m_missing.end() && range->first < rows.end; ++range)
+        within.push_back({std::max(range->first, rows.first), std::min(range->end, rows.end)});
+    return within;
+}
+
+std::vector<RowRange> TiffRows::MissingRows() const
+{
+    return MissingWithin({0, CoveredRows()});
 }
 
 void TiffRows::Read(const PictureRect& rect, std::span<std::uint8_t> pixels) const
@@ -34,7 +64,15 @@ void TiffRows::Read(const PictureRect& rect, std::span<std::uint8_t> pixels) con
     if (!m_pixels.IsVerbatim())
         buffer.resize(static_cast<std::size_t>(m_pixels.ByteCount(first, count)));
     std::uint8_t* shown = pixels.data();
+    const std::vector<RowRange> missing = MissingWithin({rect.top, rect.top + covered});
+    auto next = missing.begin();
     for (std::int64_t row = 0; row < covered; ++row, shown += shownBytes) {
+        while (next != missing.end() && next->end <= rect.top + row)
+            ++next;
+        if (next != missing.end() && next->first <= rect.top + row) {
+            std::fill_n(shown, shownBytes, kWhite);
+            continue;
+        }
         // What is shown as it stands is read to where it is wanted at once.
         const std::span<std::uint8_t> target =
             m_pixels.IsVerbatim() ? std::span(shown, shownBytes) : std::span(buffer);
@@ -47,7 +85,8 @@ void TiffRows::Read(const PictureRect& rect, std::span<std::uint8_t> pixels) con
 
 std::optional<PixelSamples> TiffRows::SamplesAt(std::int64_t column, std::int64_t row) const
 {
-    if (column < 0 || column >= m_width || row < 0 || row >= CoveredRows())
+    if (column < 0 || column >= m_width || row < 0 || row >= CoveredRows()
+        || !MissingWithin({row, row + 1}).empty())
         return std::nullopt;
     std::array<std::uint8_t, 6> buffer{};
     const auto at = static_cast<std::uint64_t>(column);

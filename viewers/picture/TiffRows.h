@@ -3,6 +3,7 @@
 #include "imagefile/ImageResult.h"
 #include "platform/WorkProgress.h"
 #include "viewers/controls/PictureRows.h"
+#include "viewers/picture/RowRange.h"
 #include "viewers/picture/TiffPixels.h"
 
 #include <atomic>
@@ -10,13 +11,15 @@
 #include <mutex>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace vireo {
 
 /// The rows of one page of a TIFF file, shown as gray values or colours. They become available from
 /// the top on while a thread loads them; other threads may look at those that are.
 ///
-/// What a damaged row does not give is 0, as the reader has it.
+/// What a row does not give behind a fault is 0, as the reader has it; a row of which nothing could
+/// be read is white.
 class TiffRows : public PictureRows {
 public:
     TiffRows(const TiffPixels& pixels, std::int64_t width, std::int64_t height)
@@ -38,6 +41,8 @@ public:
     /// file.
     std::int64_t CoveredRows() const override { return m_covered.load(std::memory_order_acquire); }
     void Read(const PictureRect& rect, std::span<std::uint8_t> pixels) const override;
+    /// The rows before CoveredRows of which nothing could be read, from the top on.
+    std::vector<RowRange> MissingRows() const;
     /// The samples of a pixel of an available row; nothing outside.
     std::optional<PixelSamples> SamplesAt(std::int64_t column, std::int64_t row) const;
     /// How many rows loading has gone through.
@@ -59,6 +64,9 @@ protected:
         std::int64_t row, std::uint64_t first, std::span<std::uint8_t> buffer) const = 0;
 
 private:
+    void AddMissing(std::int64_t row);
+    std::vector<RowRange> MissingWithin(RowRange rows) const;
+
     const TiffPixels m_pixels;
     const std::int64_t m_width;
     const std::int64_t m_height;
@@ -66,6 +74,9 @@ private:
     std::atomic<std::int64_t> m_loaded = 0;
     std::mutex m_loading;
     ImageResult m_result = ImageResult::Ok;
+    mutable std::mutex m_missingMutex;
+    std::vector<RowRange> m_missing; ///< Those behind the last covered row included.
+    std::atomic<bool> m_isAnyMissing = false;
 };
 
 } // namespace vireo

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <thread>
 #include <vector>
 
 namespace vireo {
@@ -132,6 +133,29 @@ TEST_F(PictureDataTest, KeepsAReducedPictureWhereMemoryIsShort)
     EXPECT_EQ(Open(bytes, 1, 100'000), ImageResult::TifOutOfMemory);
 }
 
+TEST_F(PictureDataTest, LostStripsAreWhiteInTheReducedPictureToo)
+{
+    for (const std::uint16_t compression : {std::uint16_t{1}, kPackBits}) {
+        TiffPageBytes page = GrayPage(64, 2000, compression);
+        page.pixels.assign(page.pixels.size(), '\x64');
+        page.rowsPerStrip = 250;
+        page.lostStrips = {1, 3, 5};
+        ASSERT_EQ(Open(TiffFile().Add(page).Bytes()), ImageResult::Ok);
+        WorkProgress progress;
+        data->Load(progress, 4);
+        EXPECT_EQ(
+            data->MissingRows(), std::vector<RowRange>({{250, 500}, {750, 1000}, {1250, 1500}}));
+        const PicturePyramid::Level& level = data->Content().pyramid->Levels().front();
+        for (std::int64_t row = 0; row < level.height; ++row) {
+            const std::int64_t strip = row * level.reduction / 250;
+            // Blocks that two strips share show either.
+            if ((row + 1) * level.reduction / 250 == strip) {
+                EXPECT_EQ(level.Row(row)[0], strip % 2 == 1 && strip < 7 ? 255 : 100) << row;
+            }
+        }
+    }
+}
+
 TEST_F(PictureDataTest, AnUncompressedPictureNeedsNoMemory)
 {
     ASSERT_EQ(Open(TiffFile().Add(GrayPage(600, 500, 1)).Bytes(), 1, 1000), ImageResult::Ok);
@@ -150,6 +174,20 @@ TEST_F(PictureDataTest, LoadingEndsWhenItIsCancelled)
         EXPECT_FALSE(data->IsLoaded());
         EXPECT_EQ(data->CoveredRows(), 0);
     }
+}
+
+TEST_F(PictureDataTest, WhatLoadingGotBeforeItIsCancelledIsInTheReducedPicture)
+{
+    ASSERT_EQ(Open(TiffFile().Add(GrayPage(3000, 3000, kPackBits)).Bytes()), ImageResult::Ok);
+    WorkProgress progress;
+    std::jthread loading([this, &progress] { data->Load(progress, 2); });
+    while (data->CoveredRows() < 64)
+        std::this_thread::yield();
+    progress.Cancel();
+    loading.join();
+    const PicturePyramid& pyramid = *data->Content().pyramid;
+    EXPECT_LE(data->CoveredRows(), pyramid.RowsDone() * pyramid.Levels().front().reduction);
+    EXPECT_FALSE(data->SamplesAt(0, data->CoveredRows()));
 }
 
 TEST_F(PictureDataTest, ATinyPictureIsLoadedToo)

@@ -82,6 +82,14 @@ TEST_F(PicturePageTest, HatchesWhatIsMissing)
     EXPECT_GT(qRed(Pixel(page, 2, 1)), 140);
 }
 
+TEST_F(PicturePageTest, HatchesMissingRowsInTheMiddle)
+{
+    content.missingRows = {{0, 1}};
+    const QImage page = Page();
+    EXPECT_GT(qRed(Pixel(page, 2, 0)), 140);
+    EXPECT_EQ(qRed(Pixel(page, 2, 1)), 90);
+}
+
 TEST_F(PicturePageTest, DrawsBoundariesWhereCamerasMeet)
 {
     const CameraBoundary boundary{'A', 'B', 2};

@@ -20,6 +20,7 @@ struct TiffPageBytes {
     std::uint16_t photometric = 1;
     std::uint16_t predictor = 1;
     std::uint32_t rowsPerStrip = 1'000'000;
+    std::vector<std::size_t> lostStrips; ///< 0-based; the file does not reach to where they are.
     std::uint32_t dotsPerInch = 300;
     std::string description;
     std::vector<std::uint16_t> colorMap; ///< 768 values, or none.
@@ -49,6 +50,8 @@ public:
         measured.AddPage(EntriesOf(page, offsets));
         for (std::uint32_t& offset : offsets)
             offset += static_cast<std::uint32_t>(measured.Bytes().size());
+        for (const std::size_t strip : page.lostStrips)
+            offsets.at(strip) = 0x7FFFFFFF;
         AddPage(EntriesOf(page, offsets));
         Strip(pixels);
         return *this;

@@ -100,7 +100,7 @@ protected:
     static constexpr std::uint32_t kWidth = 37; // Bilevel rows end within a byte.
     static constexpr std::uint32_t kHeight = 23;
 
-    static std::string Bytes()
+    static std::string Bytes(std::vector<std::size_t> lostStrips = {})
     {
         const auto& [row, compression] = GetParam();
         TiffPageBytes page;
@@ -112,6 +112,7 @@ protected:
         page.photometric = row.photometric;
         page.predictor = row.predictor;
         page.rowsPerStrip = 5;
+        page.lostStrips = std::move(lostStrips);
         if (row.depth == ColorDepth::Palette8)
             page.colorMap = ColourMap();
         return TiffFile(row.order).Add(page).Bytes();
@@ -134,6 +135,13 @@ protected:
         return true;
     }
 
+    bool IsMissing(std::int64_t row) const
+    {
+        const std::vector<RowRange> missing = data->MissingRows();
+        return std::any_of(missing.begin(), missing.end(),
+            [row](const RowRange& rows) { return row >= rows.first && row < rows.end; });
+    }
+
     std::size_t RowBytes() const { return BytesPerRow(data->Page().depth, data->Page().width); }
     const std::uint8_t* ExpectedRow(std::int64_t row) const
     {
@@ -153,7 +161,7 @@ protected:
             for (std::int64_t column = rect.left; column < rect.left + rect.width; ++column) {
                 std::vector<int> pixel =
                     ShownPixel(data->Page(), ExpectedRow(row), static_cast<std::size_t>(column));
-                if (row >= data->CoveredRows())
+                if (row >= data->CoveredRows() || IsMissing(row))
                     pixel.assign(channels, PictureRows::kWhite);
                 wanted.insert(wanted.end(), pixel.begin(), pixel.end());
             }
@@ -197,6 +205,18 @@ TEST_P(TiffRowsTest, OfAFileCutOffAreThoseOfTheReaderAsFarAsItGoes)
         }
     }
     EXPECT_GT(opened, 5U);
+}
+
+TEST_P(TiffRowsTest, OfLostStripsAreWhiteWithoutSamples)
+{
+    ASSERT_TRUE(Load(Bytes({1, 3, 4})));
+    EXPECT_EQ(data->MissingRows(), std::vector<RowRange>({{5, 10}}));
+    EXPECT_EQ(data->CoveredRows(), 15);
+    EXPECT_NE(data->RowsResult(), ImageResult::Ok);
+    ExpectSame({0, 0, kWidth, kHeight});
+    ExpectSame({3, 7, 21, 5});
+    for (const std::int64_t row : {4, 5, 9, 10, 14, 15})
+        EXPECT_EQ(data->SamplesAt(0, row).has_value(), row == 4 || row == 10 || row == 14) << row;
 }
 
 TEST_P(TiffRowsTest, GiveTheSamplesOfTheFile)
