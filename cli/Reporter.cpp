@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace vireo {
 
@@ -35,6 +36,14 @@ void Reporter::Report(const std::string& file, const FileResult& result)
     ShowProgress();
 }
 
+void Reporter::CountAnew(std::string what, std::size_t count)
+{
+    ClearProgress();
+    m_what = std::move(what);
+    m_count = count;
+    m_done = 0;
+}
+
 int Reporter::Finish()
 {
     ClearProgress();
@@ -50,8 +59,9 @@ void Reporter::ShowProgress()
     if (!m_showsProgress || now - m_lastShown < kInterval)
         return;
     m_lastShown = now;
-    const std::string text =
-        m_count ? Format("%zu of %zu files", m_done, *m_count) : Format("%zu files", m_done);
+    const std::string count =
+        m_count ? Format("%zu of %zu", m_done, *m_count) : std::to_string(m_done);
+    const std::string text = count + ' ' + m_what;
     std::fprintf(stderr, "\r%s", text.c_str());
     std::fflush(stderr);
     m_progressLength = text.size();

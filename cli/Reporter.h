@@ -18,6 +18,10 @@ public:
 
     void Report(const std::string& file, const FileResult& result);
 
+    /// Counts anew, for work that goes through the files a second time: so many of `what`, which
+    /// people read behind the number.
+    void CountAnew(std::string what, std::size_t count);
+
     /// Ends the report; the program's exit status.
     int Finish();
 
@@ -25,6 +29,7 @@ private:
     void ShowProgress();
     void ClearProgress();
 
+    std::string m_what = "files";
     std::optional<std::size_t> m_count;
     std::size_t m_done = 0;
     bool m_anyFailed = false;

@@ -128,6 +128,7 @@ private:
             InPoints([&] { DrawReportTable(m_painter, m_table, layout, page); });
             DrawFoot("Test results");
         }
+        reporter.CountAnew("pages", m_pages.plots);
         for (const ReportRow& row : m_table.rows) {
             if (!row.hasPage)
                 continue;

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace vireo {
 
@@ -118,6 +120,28 @@ TEST_F(ReportTest, APageTellsWhyItsFileCannotBeDrawn)
     const auto pages = PagesOf(m_pdf);
     ASSERT_EQ(pages.size(), 3U);
     EXPECT_NE(pages[1].find("cannot be drawn: Tif format error"), std::string::npos) << pages[1];
+}
+
+TEST_F(ReportTest, CountsFilesAndThenPagesWhilePeopleLookOn)
+{
+    if (!HasTool("script"))
+        GTEST_SKIP() << "script is not installed";
+    // More than is done before the first time that the progress is shown.
+    constexpr int kFiles = 120;
+    std::string command = Text(VIREO_CLI) + " report -o " + Text(m_pdf);
+    for (int i = 0; i < kFiles; ++i)
+        command += " " + Text(kSamples / (i % 4 ? "oscilloscope-color.con" : "dump/test-run.con"));
+    std::string shown = RunTool("script", {"-qec", command, "/dev/null"}).output;
+    EXPECT_NE(shown.find(" of 90 pages"), std::string::npos) << shown;
+    std::replace(shown.begin(), shown.end(), '\r', '\n');
+    std::istringstream lines(shown);
+    for (std::string line; std::getline(lines, line);) {
+        int done = 0;
+        int all = 0;
+        if (std::sscanf(line.c_str(), "%d of %d", &done, &all) == 2) {
+            EXPECT_LE(done, all) << line;
+        }
+    }
 }
 
 TEST_F(ReportTest, IsAbsentWhereItCannotBeComplete)
