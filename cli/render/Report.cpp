@@ -9,7 +9,7 @@
 #include "cli/render/PdfFile.h"
 #include "cli/render/PictureFile.h"
 #include "cli/render/Render.h"
-#include "cli/render/ReportTable.h"
+#include "cli/render/ReportDrawing.h"
 #include "figures/Analysers.h"
 #include "platform/Path.h"
 
@@ -119,7 +119,7 @@ public:
 private:
     void DrawPages(Reporter& reporter)
     {
-        const ReportLayout layout(PagePoints(), m_table.rows.size());
+        const ReportLayout layout = LayOutReport(m_table, PagePoints());
         m_pages.table = layout.TablePages();
         m_pages.plots = static_cast<std::size_t>(
             std::ranges::count_if(m_table.rows, [](const ReportRow& row) { return row.hasPage; }));

@@ -57,12 +57,14 @@ double DrawHeaderLines(QPainter& painter, const PrintPageLayout& layout,
     const int count = PrintedHeaderLines(lines);
     painter.save();
     const QFont font = FontOfLineHeight(kMonospacedFace, layout.fontHeight);
-    const double ascent = QFontMetricsF(font).ascent();
+    const QFontMetricsF metrics(font);
+    const double room = layout.printable.width() - 2.0 * layout.leftMargin;
     painter.setFont(font);
     painter.setPen(colour);
     for (int line = 0; line < count; ++line) {
-        painter.drawText(QPointF(layout.leftMargin, layout.TextBottom(line) + ascent),
-            QStringFromText(lines[static_cast<std::size_t>(line)]));
+        const QString text = QStringFromText(lines[static_cast<std::size_t>(line)]);
+        painter.drawText(QPointF(layout.leftMargin, layout.TextBottom(line) + metrics.ascent()),
+            metrics.elidedText(text, Qt::ElideMiddle, room));
     }
     painter.restore();
     return layout.TextBottom(count);

@@ -38,7 +38,8 @@ struct PrintPageLayout {
 int PrintedHeaderLines(const std::vector<std::string>& lines);
 
 /// Writes the header lines (Windows-1252) at the left margin of a page whose printable area begins
-/// at the painter's origin; gives their lower edge.
+/// at the painter's origin, those that are longer than the margins leave room for cut in their
+/// middle; gives their lower edge.
 double DrawHeaderLines(QPainter& painter, const PrintPageLayout& layout,
     const std::vector<std::string>& lines, const QColor& colour = Qt::black);
 
