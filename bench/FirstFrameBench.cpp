@@ -6,7 +6,9 @@
 #include "figures/Subject.h"
 #include "platform/KnownFolders.h"
 #include "platform/Message.h"
+#include "platform/Path.h"
 #include "platform/ProcessInfo.h"
+#include "platform/Text.h"
 #include "viewers/controls/OffscreenPlatform.h"
 
 #include <QApplication>
@@ -14,7 +16,12 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <filesystem>
 #include <optional>
+#include <random>
+#include <string>
+#include <system_error>
+#include <utility>
 
 namespace vireo {
 
@@ -67,19 +74,64 @@ void ShowMainDialog()
     CViewerDlg(std::move(setup)).DoModal();
 }
 
-/// The viewer of a file; gives the reason when there is none.
-std::string ShowViewer(const std::string& file)
+/// A file that a viewer may do with as it likes: it corrects some tonal resolutions and deletes
+/// others, so of these it gets a copy, which is removed in the end.
+class FileToShow {
+public:
+    /// Takes the file itself where it is safe; a copy that cannot be made is a file that is
+    /// missing.
+    explicit FileToShow(const Subject& subject) : m_path(subject.path)
+    {
+        if (subject.Kind() != FileKind::TonalResolution)
+            return;
+        std::random_device random;
+        m_folder = std::filesystem::temp_directory_path()
+            / Format("vireo-bench-%08x%08x", random(), random());
+        m_path = m_folder / subject.path.filename();
+        std::error_code ignored;
+        std::filesystem::create_directory(m_folder, ignored);
+        std::filesystem::copy_file(subject.path, m_path, ignored);
+    }
+    FileToShow(const FileToShow&) = delete;
+    FileToShow& operator=(const FileToShow&) = delete;
+    ~FileToShow()
+    {
+        std::error_code ignored;
+        if (!m_folder.empty())
+            std::filesystem::remove_all(m_folder, ignored);
+    }
+    const std::filesystem::path& Path() const { return m_path; }
+
+private:
+    std::filesystem::path m_folder; ///< Of the copy; empty without one.
+    std::filesystem::path m_path;
+};
+
+/// Why the file cannot be shown, as its viewer told it; empty when it did not. What is told of a
+/// file that can, such as what its header lacks, does not begin with its name.
+std::string ToldFailure(const MessageRecorder& messages, const std::filesystem::path& file)
+{
+    const std::string beginning = ShownPath(file) + '\n';
+    for (const MessageRecorder::Message& message : messages.Messages())
+        if (message.text.starts_with(beginning))
+            return message.text.substr(beginning.size());
+    return {};
+}
+
+/// The viewer of a file; gives the reason when there is none, or it can show nothing of the file.
+std::string ShowViewer(const std::string& name, const MessageRecorder& messages)
 {
     Subject subject;
-    const FileStatus status = RecogniseSubject(file, std::nullopt, subject);
+    const FileStatus status = RecogniseSubject(name, std::nullopt, subject);
     if (status != FileStatus::Ok)
         return std::string(Describe(status));
     ViewerTable viewers = ProgramViewers();
     const auto& wanted = subject.recognition.viewers;
     if (wanted.empty() || !viewers.Has(wanted.front()))
         return CannotBe(subject.Kind(), "shown");
-    viewers.OpenViewer(wanted.front(), subject.path, nullptr);
-    return {};
+    const FileToShow file(subject);
+    viewers.OpenViewer(wanted.front(), file.Path(), nullptr);
+    return ToldFailure(messages, file.Path());
 }
 
 void AddOptions(CommandOptions& command, BenchSettings& settings)
@@ -102,7 +154,7 @@ FileResult Run(const BenchSettings& settings)
 
     if (settings.file.empty())
         ShowMainDialog();
-    else if (std::string failure = ShowViewer(settings.file); !failure.empty())
+    else if (std::string failure = ShowViewer(settings.file, messages); !failure.empty())
         return {{}, std::move(failure)};
     if (!application.Frame())
         return {{}, "Nothing was shown"};

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <iterator>
 #include <ostream>
 
 namespace vireo {
@@ -104,6 +106,18 @@ TEST(Bench, FirstFrameShowsTheMainDialogOrTheViewer)
     }
 }
 
+TEST(Bench, FirstFrameLeavesAFileThatTheViewerCorrectsAsItIs)
+{
+    const TempFolder folder;
+    const std::string bytes =
+        TempFolder::Read(std::filesystem::path(VIREO_SAMPLES) / "tonal-resolution-version-1.con");
+    const auto file = folder.Write("a.con", bytes);
+    Measure({"first-frame", Text(file)});
+    EXPECT_EQ(TempFolder::Read(file), bytes);
+    const std::filesystem::directory_iterator files(folder.Path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+}
+
 struct FailureRow {
     const char* name;
     int exitStatus;
@@ -133,6 +147,45 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BenchFails,
         FailureRow{"a kind without a plot", 1,
             {"plot", "kitbag", std::string(VIREO_SAMPLES) + "/dump/test-run.con"}},
         FailureRow{"missing file to show", 1, {"first-frame", "no-such-file"}}));
+
+struct DamagedRow {
+    const char* name;
+    const char* sample;
+    std::size_t kept;        ///< Bytes of the sample.
+    const char* text;        ///< Of the sample, and
+    const char* replacement; ///< what stands there instead.
+    const char* reason;      ///< Begins so.
+
+    friend void PrintTo(const DamagedRow& row, std::ostream* out) { *out << row.name; }
+};
+
+class BenchShowsNothing : public testing::TestWithParam<DamagedRow> { };
+
+TEST_P(BenchShowsNothing, OfDamagedFiles)
+{
+    const DamagedRow& row = GetParam();
+    const std::filesystem::path sample(row.sample);
+    std::string bytes = TempFolder::Read(std::filesystem::path(VIREO_SAMPLES) / sample);
+    const std::string text(row.text);
+    for (std::size_t at = 0; !text.empty() && (at = bytes.find(text, at)) != std::string::npos;)
+        bytes.replace(at, text.size(), row.replacement);
+    const TempFolder folder;
+    const std::string file =
+        Text(folder.Write("a" + sample.extension().string(), bytes.substr(0, row.kept)));
+    const ProgramRun run = RunBench({"first-frame", file});
+    EXPECT_EQ(run.exitStatus, 1);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.Errors().size(), 1U) << run.error;
+    EXPECT_TRUE(run.error.starts_with("vireo-bench: " + file + ": " + row.reason)) << run.error;
+}
+
+constexpr std::size_t kAll = std::string::npos;
+
+INSTANTIATE_TEST_SUITE_P(Viewers, BenchShowsNothing,
+    testing::Values(DamagedRow{"picture", "picture-rgb.tif", 20, "", "", "Can't read tif-file"},
+        DamagedRow{"noise", "noise-gray.con", 3000, "", "", "The file ends before its line does"},
+        DamagedRow{
+            "star test", "startest-sweeps.con", kAll, "Length = ", "Nength = ", "No sweep"}));
 
 } // namespace
 
