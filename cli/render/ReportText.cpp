@@ -14,9 +14,9 @@ using Cell = ReportColumn::Cell;
 
 constexpr ReportColumn kColumns[] = {
     {Cell::Number, "No.", 0.045, 0.045, Qt::AlignRight, Qt::ElideNone},
-    {Cell::File, "File", 0.225, 0.265, Qt::AlignLeft, Qt::ElideMiddle},
+    {Cell::File, "File", 0.22, 0.265, Qt::AlignLeft, Qt::ElideMiddle},
     {Cell::Kind, "Kind", 0.135, 0.145, Qt::AlignLeft, Qt::ElideRight},
-    {Cell::Scanner, "Scanner", 0.11, 0.12, Qt::AlignLeft, Qt::ElideMiddle},
+    {Cell::Scanner, "Scanner", 0.115, 0.12, Qt::AlignLeft, Qt::ElideMiddle},
     {Cell::Date, "Date", 0.09, 0.09, Qt::AlignLeft, Qt::ElideRight},
     {Cell::Figures, "Figures", 0.235, 0.285, Qt::AlignLeft, Qt::ElideRight},
     {Cell::Verdict, "Verdict", 0.11, 0.0, Qt::AlignLeft, Qt::ElideRight},

@@ -160,7 +160,7 @@ struct TableRow {
     const char* paper;
     const char* heading;
     const char* next;
-    const char* text; ///< Without blanks; longer than one line of the column.
+    const char* text; ///< Without blanks; longer than the column or nearly so.
 
     friend void PrintTo(const TableRow& row, std::ostream* out)
     {
