@@ -6,6 +6,7 @@
 #include "cli/Shell.h"
 #include "figures/Analysers.h"
 #include "limits/LimitsFile.h"
+#include "platform/FileIdentity.h"
 #include "platform/Path.h"
 
 #include <algorithm>
@@ -47,6 +48,11 @@ int RunWithLimits(const Settings& settings, int (*run)(const Settings& settings)
 {
     if (settings.limits.empty())
         return run(settings);
+    if (IsSameFile(settings.limits, settings.output)) {
+        PrintError(kCommandLineProgram,
+            Utf8FromPath(settings.limits) + ": The output would replace the limits");
+        return kExitFileFailed;
+    }
     LimitsFile limits;
     if (const auto fault = limits.Read(settings.limits)) {
         PrintError(kCommandLineProgram, Utf8FromPath(settings.limits) + ": " + fault->Text());

@@ -2,15 +2,7 @@
 
 #include "platform/Path.h"
 
-#include <system_error>
-
 namespace vireo {
-
-bool IsSameFile(const std::filesystem::path& left, const std::filesystem::path& right)
-{
-    std::error_code error;
-    return std::filesystem::equivalent(left, right, error) && !error;
-}
 
 FileResult WriteOutput(const Subject& subject, const Settings& settings,
     std::span<const OutputWriter> writers, std::string_view done)

@@ -3,7 +3,7 @@
 #include "cli/Settings.h"
 #include "figures/FileResult.h"
 #include "figures/Subject.h"
-#include "platform/PositionalFile.h"
+#include "platform/FileIdentity.h"
 
 #include <filesystem>
 #include <span>
@@ -11,9 +11,6 @@
 #include <string_view>
 
 namespace vireo {
-
-/// Whether two paths lead to one file, under whatever names.
-bool IsSameFile(const std::filesystem::path& left, const std::filesystem::path& right);
 
 /// One kind of file from which a command can make an output file. `write` gives the reason when it
 /// cannot, else an empty text.

@@ -3,6 +3,7 @@
 #include "imagefile/CFileIccProfileReader.h"
 #include "imagefile/CLittleEndianFilter.h"
 #include "imagefile/CTIFWriter.h"
+#include "platform/FileIdentity.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 #include "platform/WorkProgress.h"
@@ -127,9 +128,11 @@ std::string DescribeWriter(const TifConversion& conversion, const CTIFWriter& wr
 
 std::string ConvertTif(const TifConversion& conversion, WorkProgress* progress)
 {
-    std::error_code error;
-    if (std::filesystem::equivalent(conversion.input, conversion.output, error) && !error)
+    if (IsSameFile(conversion.input, conversion.output))
         return "The output would replace the file itself";
+    if (!conversion.profile.empty()
+        && IsSameFile(CFileIccProfileReader(conversion.profile).FileName(), conversion.output))
+        return "The output would replace the profile " + Utf8FromPath(conversion.profile);
     const PassingFile profile;
     CTIFReader reader;
     CTIFWriter writer(conversion.output, {});

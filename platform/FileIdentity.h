@@ -19,4 +19,7 @@ struct FileIdentity {
 /// Finds the identity of what a path leads to, links followed.
 FileStatus ReadIdentity(const std::filesystem::path& path, FileIdentity& identity);
 
+/// Whether two paths lead to one file that is there, under whatever names and links.
+bool IsSameFile(const std::filesystem::path& left, const std::filesystem::path& right);
+
 } // namespace vireo

@@ -1,11 +1,11 @@
 #include "testfile/DumpUnpacker.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/FileIdentity.h"
 #include "platform/Text.h"
 
 #include <algorithm>
 #include <set>
-#include <system_error>
 #include <utility>
 
 namespace vireo {
@@ -25,13 +25,6 @@ std::string FileKey(const std::string& name)
 bool IsSkipped(const PackedMember& member, DumpDescription description)
 {
     return description == DumpDescription::Skipped && member.name == PackedDump::kDescriptionMember;
-}
-
-/// Whether writing a member at `target` would replace the dump under another of its names.
-bool LeadsToDump(const std::filesystem::path& target, const std::filesystem::path& dump)
-{
-    std::error_code error;
-    return std::filesystem::equivalent(target, dump, error) && !error;
 }
 
 /// Writes the members of one dump, one after the other, and keeps the report.
@@ -84,7 +77,8 @@ private:
 void Unpacking::WriteAndReport(const PackedMember& member)
 {
     const std::filesystem::path target = m_folder / member.FileName();
-    if (LeadsToDump(target, m_dump.Path())) {
+    // The dump may be there under another name.
+    if (IsSameFile(target, m_dump.Path())) {
         m_report.leftOut.push_back({member.name, LeftOutReason::Refused, NameFault::DumpItself});
         return;
     }

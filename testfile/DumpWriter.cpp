@@ -1,6 +1,7 @@
 #include "testfile/DumpWriter.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/FileIdentity.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 #include "testfile/MemberName.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <set>
-#include <system_error>
 
 namespace vireo {
 
@@ -39,8 +39,7 @@ public:
         PositionalFile file;
         if (const FileStatus status = file.Open(path); status != FileStatus::Ok)
             return std::string(Describe(status));
-        std::error_code error;
-        if (std::filesystem::equivalent(path, m_dump, error) && !error)
+        if (IsSameFile(path, m_dump))
             return "The dump would replace the file itself";
         const std::string utf8 = Utf8FromPath(path.filename());
         const std::string name = Windows1252FromUtf8(utf8);

@@ -72,6 +72,13 @@ TEST(Batch, NeverChangesItsInput)
     EXPECT_EQ(RunCli({"render", Text(picture), "-o", Text(picture)}).exitStatus, 1);
     EXPECT_EQ(TempFolder::Read(file), bytes);
     EXPECT_EQ(TempFolder::Read(picture), bytes);
+
+    const auto limits = folder.Write("limits.pdf", "[mtf]\ncolor = 1\n");
+    for (const char* command : {"report", "render"})
+        EXPECT_EQ(RefusalOf({command, Text(file), "--limits", Text(limits), "-o",
+                      Text(folder.Path() / "." / "limits.pdf")}),
+            "vireo-cli: " + Text(limits) + ": The output would replace the limits\n");
+    EXPECT_EQ(TempFolder::Read(limits), "[mtf]\ncolor = 1\n");
 }
 
 #ifndef _WIN32

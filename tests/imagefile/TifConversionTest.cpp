@@ -156,6 +156,11 @@ TEST_F(TifConversionTest, Profiles)
     conversion.profile = folder.Write("other.icc", other);
     EXPECT_EQ(Convert(), "");
     EXPECT_EQ(TempFolder::Read(folder.Path() / "out.icc"), other);
+    TifConversion onto = conversion;
+    onto.output = folder.Path() / "." / "other.icc";
+    EXPECT_EQ(
+        ConvertTif(onto), "The output would replace the profile " + onto.profile.string());
+    EXPECT_EQ(TempFolder::Read(onto.profile), other);
     conversion.profile = "no such profile.icc";
     EXPECT_EQ(Convert(), "no such profile.icc: Can't open icc-file");
     conversion.profile = folder.Write("text.icc", std::string(200, 'x'));
