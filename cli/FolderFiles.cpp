@@ -1,5 +1,6 @@
 #include "cli/FolderFiles.h"
 
+#include "platform/AtomicFile.h"
 #include "platform/Path.h"
 
 #include <algorithm>
@@ -64,7 +65,9 @@ FileStatus FolderFiles::List(const std::string& folder)
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         std::error_code unknown;
         const bool isFolder = entry->is_directory(unknown);
-        (isFolder ? m_folders : m_names).Add(Utf8FromPath(entry->path().filename()));
+        const std::string name = Utf8FromPath(entry->path().filename());
+        if (!AtomicFile::IsTemporary(name))
+            (isFolder ? m_folders : m_names).Add(name);
     }
     m_names.Sort();
     m_folders.Sort();

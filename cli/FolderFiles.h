@@ -30,7 +30,8 @@ private:
 };
 
 /// The content of one folder: its files, one after the other, and its folders. What is neither
-/// file nor folder, a link that leads nowhere too, counts as a file.
+/// file nor folder, a link that leads nowhere too, counts as a file. What another program is
+/// writing beside its target, or has left there when it was killed, is not in it.
 class FolderFiles {
 public:
     /// Lists a folder, given in UTF-8. When that fails what could be listed is there.

@@ -20,13 +20,15 @@ constexpr std::size_t kMostDescriptionBytes = std::size_t{1024} * 1024;
 constexpr const char* kTooLarge = "the file would be larger than a TIFF can be, 4 GiB";
 
 /// Why a stage refuses a picture that is otherwise in order.
-const char* WhyRefused(ImageResult result)
+const char* WhyRefused(ImageResult result, const TifSettings& settings)
 {
+    const bool isDifferenced = settings.predictor == TifPage::kHorizontalDifferencing;
     switch (result) {
     case ImageResult::InvalidHuffmanCoderArguments:
         return "modified Huffman and Group 4 hold bilevel pictures only";
     case ImageResult::InvalidTiffArguments:
-        return "PackBits holds no 16-bit samples, and a predictor is for gray and RGB pictures";
+        return isDifferenced ? "a predictor is for gray and RGB pictures"
+                             : "PackBits holds no 16-bit samples";
     default:
         return "";
     }
@@ -128,7 +130,7 @@ ImageResult CTIFWriter::MakeStages()
         m_first = m_filter.get();
     }
     const ImageResult result = m_first->BeginImage(m_depth, m_width, m_height, m_resolution, 0, 0);
-    return Fail(result, WhyRefused(result));
+    return Fail(result, WhyRefused(result, m_settings));
 }
 
 ImageResult CTIFWriter::BeginImage(ColorDepth depth, std::uint32_t width, std::uint32_t height,

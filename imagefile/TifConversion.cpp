@@ -5,6 +5,7 @@
 #include "imagefile/CTIFWriter.h"
 #include "platform/FileIdentity.h"
 #include "platform/Path.h"
+#include "platform/RemoveOnStop.h"
 #include "platform/Text.h"
 #include "platform/WorkProgress.h"
 
@@ -25,6 +26,7 @@ public:
         const auto folder = std::filesystem::temp_directory_path(error);
         std::random_device random;
         m_path = folder / Format(".vireo-%08x%08x.icc", random(), random());
+        RemoveOnStop(m_path);
     }
     PassingFile(const PassingFile&) = delete;
     PassingFile& operator=(const PassingFile&) = delete;
@@ -32,6 +34,7 @@ public:
     {
         std::error_code ignored;
         std::filesystem::remove(m_path, ignored);
+        KeepOnStop(m_path);
     }
     const std::filesystem::path& Path() const { return m_path; }
 

@@ -23,8 +23,8 @@ struct TifConversion {
 
 /// Writes a page of a TIFF as a little-endian TIFF of one page with the same pixels, resolution and
 /// description, row by row. The output is complete or untouched, and never the input or the
-/// profile. An empty text when it is done, else the reason why not, in one sentence. Who waits for it may follow by
-/// `progress`, in rows, and cancel: then there is no output, and no reason.
+/// profile. An empty text when it is done, else the reason why not, in one sentence. Who waits for
+/// it may follow by `progress`, in rows, and cancel: then there is no output, and no reason.
 std::string ConvertTif(const TifConversion& conversion, WorkProgress* progress = nullptr);
 
 } // namespace vireo

@@ -13,6 +13,16 @@ std::filesystem::path AtomicFile::TemporaryName(const std::filesystem::path& tar
     return target.parent_path() / Format(".vireo-%08x%08x.tmp", random(), random());
 }
 
+bool AtomicFile::IsTemporary(std::string_view name)
+{
+    constexpr std::string_view kBegin = ".vireo-";
+    constexpr std::string_view kEnd = ".tmp";
+    constexpr std::size_t kDigits = 16;
+    return name.size() == kBegin.size() + kDigits + kEnd.size() && name.starts_with(kBegin)
+        && name.ends_with(kEnd)
+        && name.find_first_not_of("0123456789abcdef", kBegin.size()) == kBegin.size() + kDigits;
+}
+
 FileStatus AtomicFile::Write(std::string_view text)
 {
     return Write(std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));

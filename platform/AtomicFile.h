@@ -12,7 +12,9 @@ namespace vireo {
 
 /// Writes a file so that it is complete or absent: the bytes go to a temporary file in the same
 /// folder, which is then renamed over the target. Until Commit has returned Ok, whatever stood at
-/// the target is untouched; an object destroyed without Commit leaves no trace.
+/// the target is untouched; an object destroyed without Commit leaves no trace, nor does a program
+/// that is stopped meanwhile. One that is killed without being asked leaves the temporary file
+/// behind, but not on Windows.
 class AtomicFile {
 public:
     /// When the bytes are made to reach the disk before the renaming. Where nothing stands at the
@@ -46,6 +48,9 @@ public:
     FileStatus Commit(Flush flush = Flush::Always);
     /// Removes the temporary file; the target stays as it was.
     void Discard();
+
+    /// Whether a file's name, without folders, is one that temporary files get.
+    static bool IsTemporary(std::string_view name);
 
 private:
     /// A name beside the target that nobody can foresee.

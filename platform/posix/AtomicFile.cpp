@@ -1,5 +1,6 @@
 #include "platform/AtomicFile.h"
 
+#include "platform/RemoveOnStop.h"
 #include "platform/posix/SystemError.h"
 
 #include <algorithm>
@@ -40,11 +41,11 @@ FileStatus CheckTarget(const std::filesystem::path& target, AtomicFile::Links li
     if (lstat(target.c_str(), &information) != 0)
         return errno == ENOENT ? FileStatus::Ok : StatusFromError(errno);
     if (S_ISLNK(information.st_mode))
-        return links == AtomicFile::Links::Replaced ? FileStatus::Ok : FileStatus::Failed;
+        return links == AtomicFile::Links::Replaced ? FileStatus::Ok : FileStatus::NotFound;
     if (S_ISDIR(information.st_mode))
         return FileStatus::IsFolder;
     if (!S_ISREG(information.st_mode))
-        return FileStatus::Failed;
+        return FileStatus::NotAFile;
     permissions = information.st_mode & 07777;
     // Renaming asks the folder only; a file that its owner has protected stays protected.
     return access(target.c_str(), W_OK) == 0 ? FileStatus::Ok : StatusFromError(errno);
@@ -91,9 +92,13 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
 
     FailWritesAtSizeLimit();
     const std::filesystem::path temporary = TemporaryName(m_target);
+    RemoveOnStop(temporary);
     m_descriptor = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (m_descriptor < 0)
-        return m_status = StatusFromError(errno);
+    if (m_descriptor < 0) {
+        m_status = StatusFromError(errno);
+        KeepOnStop(temporary);
+        return m_status;
+    }
     m_temporary = temporary;
     if (permissions && fchmod(m_descriptor, *permissions) != 0) {
         // Rather no new file than one that more people may read than the old one.
@@ -164,7 +169,7 @@ FileStatus AtomicFile::Commit(Flush flush)
     if (status == FileStatus::Ok && rename(m_temporary.c_str(), m_target.c_str()) != 0)
         status = StatusFromError(errno);
     if (status == FileStatus::Ok) {
-        m_temporary.clear();
+        KeepOnStop(std::exchange(m_temporary, {}));
         if (flushes)
             FlushFolder(m_target);
     }
@@ -176,9 +181,10 @@ void AtomicFile::Discard()
 {
     if (m_descriptor >= 0)
         close(std::exchange(m_descriptor, -1));
-    if (!m_temporary.empty())
+    if (!m_temporary.empty()) {
         unlink(m_temporary.c_str());
-    m_temporary.clear();
+        KeepOnStop(std::exchange(m_temporary, {}));
+    }
     m_buffer.clear();
     m_status = FileStatus::Failed;
 }

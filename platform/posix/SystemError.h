@@ -12,6 +12,7 @@ inline FileStatus StatusFromError(int error)
     switch (error) {
     case ENOENT:
     case ENOTDIR:
+    case ELOOP: // A link that leads to itself leads to nothing.
         return FileStatus::NotFound;
     case EACCES:
     case EPERM:

@@ -37,6 +37,15 @@ bool IsKeptOpen(const std::filesystem::path& target)
     return false;
 }
 
+/// Whether an open file goes when it is closed, as it is however the program ends.
+bool SetVanishing(HANDLE handle, bool vanishes)
+{
+    FILE_DISPOSITION_INFO disposition = {};
+    disposition.DeleteFile = vanishes;
+    return SetFileInformationByHandle(
+        handle, FileDispositionInfo, &disposition, sizeof(disposition));
+}
+
 /// Puts the temporary file in the target's place. Replacing keeps the target's attributes and
 /// access rights, so it is tried first, where a link may be followed; it needs a target and a file
 /// system that can do it.
@@ -74,10 +83,12 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
         return m_status;
 
     const std::filesystem::path temporary = SystemPath(TemporaryName(m_target));
-    const HANDLE handle = CreateFileW(
-        temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE handle = CreateFileW(temporary.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
+        CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return m_status = StatusFromError(GetLastError());
+    // Where the file system cannot, a program that is killed leaves the file behind.
+    SetVanishing(handle, true);
     m_handle = handle;
     m_temporary = temporary;
     return m_status;
@@ -125,6 +136,8 @@ FileStatus AtomicFile::Commit(Flush flush)
     const bool flushes = Flushes(flush);
     if (status == FileStatus::Ok && flushes && !FlushFileBuffers(m_handle))
         status = StatusFromError(GetLastError());
+    if (status == FileStatus::Ok)
+        SetVanishing(m_handle, false);
     CloseHandle(std::exchange(m_handle, nullptr));
     if (status == FileStatus::Ok)
         status = MoveIntoPlace(m_temporary, m_target, m_links, flushes);

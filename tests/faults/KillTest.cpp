@@ -1,5 +1,5 @@
-// Programs are killed at any moment while they save: the target is the old file or the new one,
-// complete either way. A temporary file may be left beside it; nobody is there to remove it.
+// Programs are stopped at any moment while they save: the target is the old file or the new one,
+// complete either way. Killed without being asked they may leave a temporary file beside it.
 
 #include "samples/BigFiles.h"
 #include "tests/TempFolder.h"
@@ -11,7 +11,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <iterator>
 #include <ostream>
 #include <random>
 #include <thread>
@@ -48,14 +50,14 @@ protected:
         }
     }
 
-    /// Starts the program and kills it after a while; true when it had not ended before.
-    bool RunFor(std::chrono::microseconds time) const
+    /// Starts the program and stops it after a while; true when it had not ended before.
+    bool RunFor(std::chrono::microseconds time, int signal) const
     {
         QProcess process;
         process.start(QStringLiteral(VIREO_CLI), m_arguments);
         process.waitForStarted();
         std::this_thread::sleep_for(time);
-        process.kill();
+        ::kill(static_cast<pid_t>(process.processId()), signal);
         process.waitForFinished();
         return process.exitStatus() == QProcess::CrashExit;
     }
@@ -68,7 +70,7 @@ protected:
 TEST_P(Killed, LeaveACompleteFile)
 {
     const auto began = Clock::now();
-    RunFor(std::chrono::seconds(0));
+    RunFor(std::chrono::seconds(0), SIGKILL);
     QProcess whole;
     whole.start(QStringLiteral(VIREO_CLI), m_arguments);
     ASSERT_TRUE(whole.waitForFinished());
@@ -77,6 +79,7 @@ TEST_P(Killed, LeaveACompleteFile)
     const std::string complete = TempFolder::Read(m_target);
     const std::string old = "what stood there before\n";
 
+    constexpr int kSignals[] = {SIGKILL, SIGTERM, SIGINT, SIGHUP};
     std::mt19937 random(1);
     std::uniform_int_distribution<std::int64_t> moment(0, length.count());
     int killed = 0;
@@ -85,15 +88,19 @@ TEST_P(Killed, LeaveACompleteFile)
     const int rounds = Rounds(40);
     for (int round = 0; round < rounds; ++round) {
         Refill(m_target.parent_path(), {{m_target.filename().string(), old}});
-        killed += RunFor(std::chrono::microseconds(moment(random)));
+        const int signal = kSignals[static_cast<std::size_t>(round) % std::size(kSignals)];
+        killed += RunFor(std::chrono::microseconds(moment(random)), signal);
         const std::string found = TempFolder::Read(m_target);
         ASSERT_TRUE(found == old || found == complete) << found.size() << " bytes";
         kept += found == old;
         for (const auto& [name, bytes] : ContentOf(m_target.parent_path()))
-            leftBehind += IsTemporary(name);
+            if (IsTemporary(name)) {
+                EXPECT_EQ(signal, SIGKILL) << "asked to stop, it leaves nothing";
+                ++leftBehind;
+            }
     }
     EXPECT_GT(killed, 0);
-    std::printf("%d runs, %d killed before their end: %d old files, %d new ones, %d temporary "
+    std::printf("%d runs, %d stopped before their end: %d old files, %d new ones, %d temporary "
                 "files left\n",
         rounds, killed, kept, rounds - kept, leftBehind);
 }

@@ -137,9 +137,15 @@ TEST_F(TifConversionTest, FormsThatAreNotWrittenBecomePlain)
     EXPECT_EQ(reader.Compression(), TifCompression::kNone);
     EXPECT_EQ(reading.pixels, "ab");
     conversion.compression = TifCompression::kPackBits;
-    EXPECT_EQ(Convert(),
-        "Invalid tiff-arguments: PackBits holds no 16-bit samples, and a predictor is for gray and "
-        "RGB pictures");
+    EXPECT_EQ(Convert(), "Invalid tiff-arguments: PackBits holds no 16-bit samples");
+}
+
+TEST_F(TifConversionTest, PredictorsAreForSamples)
+{
+    AddPage(TifFile::Page(8, 1, 1, 1), "a");
+    conversion.compression = TifCompression::kLzw;
+    conversion.predictor = 2;
+    EXPECT_EQ(Convert(), "Invalid tiff-arguments: a predictor is for gray and RGB pictures");
 }
 
 TEST_F(TifConversionTest, Profiles)
@@ -158,8 +164,7 @@ TEST_F(TifConversionTest, Profiles)
     EXPECT_EQ(TempFolder::Read(folder.Path() / "out.icc"), other);
     TifConversion onto = conversion;
     onto.output = folder.Path() / "." / "other.icc";
-    EXPECT_EQ(
-        ConvertTif(onto), "The output would replace the profile " + onto.profile.string());
+    EXPECT_EQ(ConvertTif(onto), "The output would replace the profile " + onto.profile.string());
     EXPECT_EQ(TempFolder::Read(onto.profile), other);
     conversion.profile = "no such profile.icc";
     EXPECT_EQ(Convert(), "no such profile.icc: Can't open icc-file");

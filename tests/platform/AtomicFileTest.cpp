@@ -3,6 +3,8 @@
 #include "tests/TempFolder.h"
 
 #include <array>
+#include <csignal>
+#include <cstdlib>
 #include <vector>
 #ifndef _WIN32
 #include <sys/stat.h>
@@ -195,6 +197,45 @@ TEST(AtomicFile, ALinkIsReplacedOnRequestAndWhatIsBehindItStays)
         EXPECT_EQ(TempFolder::Read(behind), "old");
         EXPECT_EQ(FilesIn(folder.Path() / "sub"), 1U);
     }
+}
+
+TEST(AtomicFile, AProgramThatIsStoppedLeavesNoTrace)
+{
+    const TempFolder folder;
+    const auto target = folder.Write("target", "old");
+    const auto write = [&](int signal) {
+        AtomicFile given;
+        AtomicFile file;
+        static_cast<void>(given.Open(folder.Path() / "given up"));
+        static_cast<void>(file.Open(target));
+        given.Discard();
+        static_cast<void>(file.Write(std::string(600'000, 'n')));
+        std::raise(signal);
+        std::_Exit(file.Commit() == FileStatus::Ok ? 0 : 1);
+    };
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM, SIGPIPE}) {
+        // This program's own signals may be ignored where it runs in the background.
+        EXPECT_EXIT(
+            (std::signal(signal, SIG_DFL), write(signal)), testing::KilledBySignal(signal), "");
+        EXPECT_EQ(TempFolder::Read(target), "old");
+        EXPECT_EQ(FilesIn(folder.Path()), 1U);
+    }
+    EXPECT_EXIT((std::signal(SIGHUP, SIG_IGN), write(SIGHUP)), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(TempFolder::Read(target).size(), 600'000U);
+}
+
+TEST(AtomicFile, WhatIsNoFileStays)
+{
+    const TempFolder folder;
+    const auto pipe = folder.Path() / "pipe";
+    const auto link = folder.Path() / "link";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_symlink("link", link);
+    EXPECT_EQ(WriteFileAtomically(pipe, "x"), FileStatus::NotAFile);
+    EXPECT_EQ(WriteFileAtomically("/dev/null", "x"), FileStatus::NotAFile);
+    EXPECT_EQ(WriteFileAtomically(link, "x"), FileStatus::NotFound);
+    EXPECT_EQ(PositionalFile().Open(link), FileStatus::NotFound);
+    EXPECT_EQ(FilesIn(folder.Path()), 2U);
 }
 
 TEST(AtomicFile, KeepsPermissionsAndLinks)
