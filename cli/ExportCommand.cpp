@@ -1,4 +1,5 @@
 #include "cli/Command.h"
+#include "cli/FileParts.h"
 #include "cli/FileRun.h"
 #include "cli/Options.h"
 #include "cli/Output.h"
@@ -6,6 +7,7 @@
 #include "figures/LightProfileJson.h"
 #include "figures/OscilloscopeJson.h"
 #include "figures/StarTestJson.h"
+#include "platform/Text.h"
 #include "viewers/adjustment/AdjustmentData.h"
 #include "viewers/adjustment/AdjustmentExport.h"
 #include "viewers/controls/SampleExport.h"
@@ -22,6 +24,9 @@
 #include "viewers/stitch/StitchText.h"
 #include "viewers/tonal/TonalExport.h"
 #include "viewers/tonal/TonalResolutionData.h"
+
+#include <iterator>
+#include <utility>
 
 namespace vireo {
 
@@ -49,6 +54,8 @@ std::string ExportNoise(const Subject& subject, const Settings& settings)
     NoiseData data;
     if (const NoiseResult result = data.Read(subject.path); result != NoiseResult::Ok)
         return data.DescribeFailure(result);
+    if (std::string refusal = RefuseMissing(settings, {}); !refusal.empty())
+        return refusal;
     return DescribeOutput(settings.output, ExportNoiseAsCsv(settings.output, data));
 }
 
@@ -76,6 +83,8 @@ std::string ExportTonal(const Subject& subject, const Settings& settings)
     TonalResolutionData data;
     if (const TonalResult result = data.Read(subject.path); result != TonalResult::Ok)
         return data.DescribeFailure(result);
+    if (std::string refusal = RefuseMissing(settings, {}); !refusal.empty())
+        return refusal;
     return DescribeOutput(settings.output, ExportTonalAsCsv(settings.output, data));
 }
 
@@ -84,6 +93,11 @@ std::string ExportStarTest(const Subject& subject, const Settings& settings)
     StarTestData data;
     if (std::string failure = OpenStarTest(subject, settings.sweep, data); !failure.empty())
         return failure;
+    FileParts parts;
+    parts.lines = data.SelectedSweep()->LineCount();
+    parts.sweeps = std::ssize(data.m_sweeps);
+    if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
+        return refusal;
     return DescribeOutput(
         settings.output, ExportSweepAsCsv(settings.output, *data.SelectedSweep()));
 }
@@ -96,7 +110,9 @@ std::string ExportStitch(const Subject& subject, const Settings& settings)
     if (!data.IsWorkable())
         return kNotWorkable;
     if (settings.line >= data.Picture()->Height())
-        return "There is no line " + std::to_string(settings.line);
+        return Format("There is no line %lld: the file has %lld, counted from 0",
+            static_cast<long long>(settings.line),
+            static_cast<long long>(data.Picture()->Height()));
     return DescribeOutput(settings.output, ExportStitchAsCsv(settings.output, data, settings.line));
 }
 
@@ -121,6 +137,11 @@ constexpr OutputWriter kWriters[] = {
 
 FileResult Export(const Subject& subject, const Settings& settings)
 {
+    FileParts parts;
+    parts.lines.reset(); // They are counted where the file is open; so are sweeps.
+    if (subject.Kind() != FileKind::StarTest)
+        if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
+            return {{}, std::move(refusal)};
     return WriteOutput(subject, settings, kWriters, "exported");
 }
 

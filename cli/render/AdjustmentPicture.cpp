@@ -1,5 +1,6 @@
 #include "cli/render/AdjustmentPicture.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/AdjustmentJson.h"
 #include "figures/Subject.h"
@@ -20,6 +21,18 @@ namespace vireo {
 namespace {
 
 using Form = AdjustmentData::Form;
+
+FileParts PartsOf(const AdjustmentData& data)
+{
+    FileParts parts;
+    parts.lines.reset(); // It was found when the file was opened.
+    parts.cameraPixels = data.Cameras().pixels;
+    if (data.FirstShown() == ShownColour::All)
+        parts.planes = {ShownColour::Red, ShownColour::Green, ShownColour::Blue};
+    else
+        parts.planes = {ShownColour::Gray};
+    return parts;
+}
 
 /// Reads the line of a profile; gives the reason when it cannot.
 std::string TakeProfile(const AdjustmentData& data, const Settings& settings, ProfileLine& line,
@@ -56,6 +69,8 @@ std::string RenderAdjustment(const Subject& subject, const Settings& settings)
     AdjustmentData data;
     if (std::string failure = OpenAdjustment(subject, settings.line, data); !failure.empty())
         return failure;
+    if (std::string refusal = RefuseMissing(settings, PartsOf(data)); !refusal.empty())
+        return refusal;
     const QSizeF size(settings.PlotSize().width, settings.PlotSize().height);
     AdjustmentPage page;
     page.header = AdjustmentHeaderLines(data);

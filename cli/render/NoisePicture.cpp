@@ -1,5 +1,6 @@
 #include "cli/render/NoisePicture.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/Subject.h"
 #include "viewers/noise/NoiseData.h"
@@ -15,9 +16,13 @@ namespace vireo {
 
 namespace {
 
-/// Takes the plane of the settings; gives the reason when the file has not got it.
+/// Takes the plane of the settings; gives the reason when the file has not got what they choose.
 std::string TakePlane(const Settings& settings, NoiseData& data)
 {
+    FileParts parts;
+    parts.planes.reset();
+    if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
+        return refusal;
     const bool isOnePlane = !data.m_bHasColour;
     if (!settings.colour || (isOnePlane && *settings.colour == ShownColour::All))
         return {};

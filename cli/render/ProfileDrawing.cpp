@@ -1,5 +1,6 @@
 #include "cli/render/ProfileDrawing.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/Subject.h"
 #include "viewers/controls/ProfilePage.h"
@@ -24,9 +25,13 @@ bool Offers(ShownColour first, bool hasEveryPlane, ShownColour wanted)
 std::string TakeProfileChoices(
     const Settings& settings, bool hasEveryPlane, ProfileDrawing& drawing)
 {
+    FileParts parts;
+    parts.lines.reset(); // It was found when the file was opened.
+    parts.cameraPixels = drawing.cameras.pixels;
+    parts.planes.reset();
+    if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
+        return refusal;
     drawing.camera = settings.camera.value_or(drawing.camera);
-    if (settings.camera && drawing.cameras.pixels[static_cast<std::size_t>(drawing.camera)] <= 0)
-        return std::string("There is no camera ") + ProfileCameras::Letter(drawing.camera);
     const ShownColour wanted = settings.colour.value_or(drawing.shown);
     if (!Offers(drawing.shown, hasEveryPlane, wanted))
         return "There is no plane " + std::string(ColourName(wanted));

@@ -1,5 +1,6 @@
 #include "cli/render/StarTestPicture.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/StarTestJson.h"
 #include "figures/Subject.h"
@@ -22,10 +23,7 @@ std::string TakeView(const Settings& settings, CurveSlots& curves, CurvePlotCont
     const int number = settings.view.value_or(0);
     if (number == 0)
         return {};
-    const auto views = StarTestViews();
-    if (number > std::ssize(views))
-        return "A star test has the views 0 to " + std::to_string(std::ssize(views));
-    const StarTestView& view = views[static_cast<std::size_t>(number - 1)];
+    const StarTestView& view = StarTestViews()[static_cast<std::size_t>(number - 1)];
     if (!ShowCurves(view, curves))
         return "This sweep has no curves of the view " + std::string(view.name);
     plot.scale = VerticalScale::Fitting(curves.RangeIn(plot.view));
@@ -39,6 +37,12 @@ std::string RenderStarTest(const Subject& subject, const Settings& settings)
     StarTestData data;
     if (std::string failure = OpenStarTest(subject, settings.sweep, data); !failure.empty())
         return failure;
+    FileParts parts;
+    parts.lines = data.SelectedSweep() ? data.SelectedSweep()->LineCount() : 0;
+    parts.sweeps = std::ssize(data.m_sweeps);
+    parts.views = 1 + static_cast<int>(StarTestViews().size());
+    if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
+        return refusal;
     CurveSlots curves;
     FillCurves(data, curves);
     curves.Summarise();

@@ -1,5 +1,6 @@
 #include "cli/render/StitchPicture.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/Subject.h"
 #include "viewers/controls/PictureImage.h"
@@ -50,6 +51,11 @@ std::string RenderStitch(const Subject& subject, const Settings& settings)
     StitchData data;
     if (const StitchResult result = data.Read(subject.path); result != StitchResult::Ok)
         return data.DescribeFailure(result);
+    FileParts parts;
+    parts.lines = data.Picture()->Height();
+    parts.planes = {ShownColour::Gray};
+    if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
+        return refusal;
     constexpr PictureSize kDefaultSize{1600, 1000};
     Settings sized = settings;
     sized.givenSize = settings.givenSize.value_or(kDefaultSize);

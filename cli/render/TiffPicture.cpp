@@ -1,5 +1,6 @@
 #include "cli/render/TiffPicture.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/Subject.h"
 #include "viewers/picture/PictureData.h"
@@ -16,10 +17,25 @@ namespace vireo {
 
 namespace {
 
-std::string LoadPicture(const Subject& subject, PictureData& data)
+FileParts PartsOf(const PictureData& data)
+{
+    using enum ShownColour;
+    FileParts parts;
+    parts.lines = data.Page().height;
+    std::ranges::copy(data.Cameras().value_or(CameraCounts{}), parts.cameraPixels.begin());
+    const ColorDepth depth = data.Page().depth;
+    const bool isGray =
+        depth == ColorDepth::Bilevel || depth == ColorDepth::Gray8 || depth == ColorDepth::Gray16;
+    parts.planes = isGray ? std::vector{Gray} : std::vector{Red, Green, Blue};
+    return parts;
+}
+
+std::string LoadPicture(const Subject& subject, const Settings& settings, PictureData& data)
 {
     if (const ImageResult result = data.Open(subject.path); result != ImageResult::Ok)
         return std::string(Describe(result));
+    if (std::string refusal = RefuseMissing(settings, PartsOf(data)); !refusal.empty())
+        return refusal;
     WorkProgress progress;
     data.Load(progress, std::max(std::thread::hardware_concurrency(), 1U));
     return std::string(Describe(data.RowsResult()));
@@ -42,7 +58,7 @@ PictureView ViewOf(const TifPage& page, PictureSize size, int times)
 std::string RenderTiff(const Subject& subject, const Settings& settings)
 {
     PictureData data;
-    if (std::string failure = LoadPicture(subject, data); !failure.empty())
+    if (std::string failure = LoadPicture(subject, settings, data); !failure.empty())
         return failure;
     std::vector<CameraBoundary> boundaries;
     if (data.Cameras())

@@ -1,5 +1,6 @@
 #include "cli/render/TonalPicture.h"
 
+#include "cli/FileParts.h"
 #include "cli/render/PictureFile.h"
 #include "figures/Subject.h"
 #include "viewers/tonal/TonalReport.h"
@@ -24,19 +25,15 @@ QSize SizeOf(const Settings& settings)
     return {size.width, size.height};
 }
 
-/// Shows one channel only, when there is one in the settings; gives the reason for a colour that
-/// there is not.
-std::string TakeChannel(const Settings& settings, TonalPlotContent& content)
+/// Shows one channel only, when there is one in the settings.
+void TakeChannel(const Settings& settings, TonalPlotContent& content)
 {
     const ShownColour colour = settings.colour.value_or(ShownColour::All);
     if (colour == ShownColour::All)
-        return {};
-    if (colour == ShownColour::Gray)
-        return "There is no plane " + std::string(ColourName(colour));
+        return;
     content.flags[TonalShowRed] = colour == ShownColour::Red;
     content.flags[TonalShowGreen] = colour == ShownColour::Green;
     content.flags[TonalShowBlue] = colour == ShownColour::Blue;
-    return {};
 }
 
 /// The lines of the report.
@@ -60,12 +57,13 @@ std::string RenderTonal(const Subject& subject, const Settings& settings)
     content.data = &data;
     const std::vector<Limit> limits = LimitsToMark(subject, settings);
     content.limits = limits;
-    const int view = settings.view.value_or(0);
-    if (view >= kTonalViews)
-        return "A tonal resolution has the views 0 to " + std::to_string(kTonalViews - 1);
-    content.view = static_cast<TonalView>(view);
-    if (std::string refusal = TakeChannel(settings, content); !refusal.empty())
+    FileParts parts;
+    parts.views = kTonalViews;
+    parts.planes = {ShownColour::Red, ShownColour::Green, ShownColour::Blue};
+    if (std::string refusal = RefuseMissing(settings, parts); !refusal.empty())
         return refusal;
+    content.view = static_cast<TonalView>(settings.view.value_or(0));
+    TakeChannel(settings, content);
     const QSize size = SizeOf(settings);
 
     const DrawingSession session;

@@ -221,6 +221,72 @@ TEST_P(RenderRefuses, WhatTheFileHasNot)
     EXPECT_FALSE(std::filesystem::exists(picture));
 }
 
+struct MissingRow {
+    const char* command;
+    const char* sample;
+    const char* option;
+    const char* value;
+    const char* reason;
+
+    friend void PrintTo(const MissingRow& row, std::ostream* out)
+    {
+        *out << row.command << ' ' << row.sample << ' ' << row.option << ' ' << row.value;
+    }
+};
+
+class Refuses : public testing::TestWithParam<MissingRow> { };
+
+TEST_P(Refuses, WhatFilesOfTheKindHaveNot)
+{
+    const MissingRow& row = GetParam();
+    const TempFolder folder;
+    const auto out = folder.Path() / "out.png";
+    const std::string file = std::string(VIREO_SAMPLES) + '/' + row.sample;
+    EXPECT_EQ(RefusalOf({row.command, file, "-o", Text(out), row.option, row.value}),
+        "vireo-cli: " + file + ": There is no " + row.reason + '\n');
+    EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Refuses,
+    testing::Values(MissingRow{"render", "noise-color.con", "--camera", "H", "camera H"},
+        MissingRow{"render", "adjust-center-ccd.con", "--camera", "H", "camera H"},
+        MissingRow{"render", "tonal-resolution.con", "--camera", "A", "camera A"},
+        MissingRow{"render", "startest-sweeps.con", "--color", "blue", "plane Blue"},
+        MissingRow{"render", "picture-gray.tif", "--color", "blue", "plane Blue"},
+        MissingRow{"render", "stitch-gray.con", "--line", "420",
+            "line 420: the file has 420, counted from 0"},
+        MissingRow{"render", "picture-rgb.tif", "--line", "99999",
+            "line 99999: the file has 280, counted from 0"},
+        MissingRow{"render", "oscilloscope-color.con", "--view", "1",
+            "view 1: the file has 1, counted from 0"},
+        MissingRow{"render", "tonal-resolution.con", "--view", "3",
+            "view 3: the file has 3, counted from 0"},
+        MissingRow{
+            "render", "noise-gray.con", "--sweep", "0", "sweep 0: the file has 0, counted from 0"},
+        MissingRow{
+            "export", "noise-color.con", "--line", "1", "line 1: the file has 1, counted from 0"},
+        MissingRow{"export", "startest-sweeps.con", "--line", "88888",
+            "line 88888: the file has 3000, counted from 0"},
+        MissingRow{"export", "oscilloscope-color.con", "--sweep", "77",
+            "sweep 77: the file has 0, counted from 0"}));
+
+TEST(RefusesNothing, OfWhatAKindHasOrAReportAsksOfOthers)
+{
+    const TempFolder folder;
+    const std::string out = Text(folder.Path() / "out.pdf");
+    const std::string samples = VIREO_SAMPLES "/";
+    for (const std::vector<std::string>& arguments :
+        {std::vector<std::string>{"report", samples + "noise-gray.con",
+             samples + "tonal-resolution.con", samples + "stitch-gray.con", "--line", "7000"},
+            std::vector<std::string>{"render", samples + "stitch-gray.con", "--line", "419"},
+            std::vector<std::string>{"render", samples + "picture-gray.tif", "--color", "all"},
+            std::vector<std::string>{"render", samples + "startest-sweeps.con", "--view", "5"}}) {
+        std::vector<std::string> whole = arguments;
+        whole.insert(whole.end(), {"-o", out});
+        EXPECT_EQ(RunCli(whole).error, "") << arguments[1];
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Choices, RenderRefuses,
     testing::Values(RefusalRow{"a camera without pixels", true, {"--camera", "D"}},
         RefusalRow{"a line behind the last", true, {"--line", "1"}},
