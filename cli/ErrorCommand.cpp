@@ -6,7 +6,6 @@
 #include "errors/ErrorTable.h"
 #include "figures/Json.h"
 
-#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -36,8 +35,7 @@ int Run(const Settings& settings)
     object["class"] = FileText(ErrorClassName(row->severity));
     object["text"] =
         FileText(row->TextFor(settings.plateScanner ? ScannerFeed::Plate : ScannerFeed::Sheet));
-    std::puts(ToLine(object).c_str());
-    return std::fflush(stdout) == 0 ? kExitDone : kExitFileFailed;
+    return PrintAll(kCommandLineProgram, ToLine(object) + '\n');
 }
 
 } // namespace

@@ -22,12 +22,9 @@ void Reporter::Report(const std::string& file, const FileResult& result)
     ++m_done;
     if (!result.object.empty() || !result.failure.empty())
         ClearProgress();
-    if (!result.object.empty()) {
-        // A line at a time, so that a program that reads along sees each file when it is done.
-        const std::string line = result.object + '\n';
-        const bool written = std::fwrite(line.data(), 1, line.size(), stdout) == line.size();
-        m_outputFailed |= !written || std::fflush(stdout) != 0;
-    }
+    // A line at a time, so that a program that reads along sees each file when it is done.
+    if (!result.object.empty())
+        m_outputFailed |= !PrintOutput(result.object + '\n');
     m_anyFailed |= result.isRejected;
     if (!result.failure.empty()) {
         m_anyFailed = true;
@@ -48,7 +45,7 @@ int Reporter::Finish()
 {
     ClearProgress();
     if (m_outputFailed)
-        PrintError(kCommandLineProgram, "standard output: Cannot be written");
+        PrintError(kCommandLineProgram, kOutputFailed);
     return m_anyFailed || m_outputFailed ? kExitFileFailed : kExitDone;
 }
 

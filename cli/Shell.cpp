@@ -22,6 +22,20 @@ std::string OnOneLine(std::string_view text)
 
 } // namespace
 
+bool PrintOutput(std::string_view text)
+{
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    return std::fflush(stdout) == 0 && written;
+}
+
+int PrintAll(std::string_view program, std::string_view text)
+{
+    if (PrintOutput(text))
+        return kExitDone;
+    PrintError(program, kOutputFailed);
+    return kExitFileFailed;
+}
+
 void PrintError(std::string_view program, std::string_view text)
 {
     const std::string line = std::string(program) + ": " + OnOneLine(text) + '\n';

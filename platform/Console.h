@@ -17,7 +17,7 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 std::optional<std::string> WholeCommandLine();
 
 /// Lets standard output and standard error pass on bytes as they are, and a console show them as
-/// UTF-8 until the program ends.
+/// UTF-8 until the program ends. Streams that the shell has closed are not given to other files.
 void SetUpStandardOutput();
 
 /// Whether the shells of this system replace names with * and ? by the files they stand for.

@@ -1,5 +1,6 @@
 #include "platform/Console.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace vireo {
@@ -16,7 +17,14 @@ std::optional<std::string> WholeCommandLine()
 
 void SetUpStandardOutput()
 {
-    // Bytes pass unchanged, and terminals expect UTF-8.
+    // Bytes pass unchanged, and terminals expect UTF-8. Where a shell has closed one of the streams
+    // (>&-), the next file that is opened would take its place, and what is printed would go there.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        const bool isClosed = fcntl(stream, F_GETFD) < 0;
+        // The lowest number that is free is taken. Standard output still cannot be written.
+        if (isClosed && open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY) != stream)
+            return;
+    }
 }
 
 bool ShellExpandsPatterns()
