@@ -63,6 +63,8 @@ public:
         line = WithoutComment(line);
         if (line.empty())
             return {};
+        if (!IsUtf8(line))
+            return "The line is not UTF-8";
         if (line.starts_with('['))
             return AddSection(line);
         return AddLimit(line, number);

@@ -125,6 +125,19 @@ char Windows1252Code(std::uint32_t character)
 
 } // namespace
 
+bool IsUtf8(std::string_view text)
+{
+    constexpr unsigned char kFirstBeyondAscii = 0x80;
+    while (!text.empty()) {
+        const bool isAscii = static_cast<unsigned char>(text.front()) < kFirstBeyondAscii;
+        const std::size_t length = isAscii ? 1 : DecodeMultiByte(text).length;
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
 std::string Windows1252FromUtf8(std::string_view utf8)
 {
     std::string text;

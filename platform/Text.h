@@ -16,6 +16,10 @@ std::string Utf8FromWindows1252(std::string_view text);
 /// become '?'.
 std::string Windows1252FromUtf8(std::string_view utf8);
 
+/// Whether a text is UTF-8: no byte stands alone, no character is longer than it need be, and none
+/// is a half of a pair or beyond U+10FFFF.
+bool IsUtf8(std::string_view text);
+
 /// printf formatting into a string that does not depend on the user's locale: the decimal point is
 /// always '.'.
 #if defined(__MINGW32__)

@@ -43,6 +43,7 @@ TEST(Windows1252, KnownCharacters)
     for (const CodeRow& row : rows) {
         EXPECT_EQ(Utf8FromWindows1252(row.text), row.utf8) << row.name;
         EXPECT_EQ(Windows1252FromUtf8(row.utf8), row.text) << row.name;
+        EXPECT_TRUE(IsUtf8(row.utf8)) << row.name;
     }
 }
 
@@ -61,8 +62,10 @@ TEST(Windows1252, WhatIsNotInThePageOrNotUtf8)
         {"above the last character", "????", "\xF4\x90\x80\x80"},
         {"character behind a broken one", "?\xE9", "\xC3\xC3\xA9"},
     };
-    for (const CodeRow& row : rows)
+    for (const CodeRow& row : rows) {
         EXPECT_EQ(Windows1252FromUtf8(row.utf8), row.text) << row.name;
+        EXPECT_EQ(IsUtf8(row.utf8), &row < rows + 2) << row.name;
+    }
 }
 
 /// Switches to any locale with a decimal comma, and back.
