@@ -11,8 +11,11 @@ namespace vireo {
 std::optional<FileSource::Item> FileSource::Next()
 {
     for (;;) {
-        if (auto file = m_files.Next())
+        if (auto file = m_files.Next()) {
+            if (IsOutput(*file))
+                continue;
             return Item{std::move(*file), {}};
+        }
         if (!m_folders.empty()) {
             std::string folder = m_folders.back();
             if (std::string failure = EnterFolder(); !failure.empty())
@@ -34,6 +37,11 @@ std::optional<std::size_t> FileSource::Count() const
     const bool anyFolder = std::any_of(m_arguments.begin(), m_arguments.end(),
         [this](const std::string& argument) { return StandsForFiles(argument); });
     return anyFolder ? std::nullopt : std::optional(m_arguments.size());
+}
+
+bool FileSource::IsOutput(const std::string& file) const
+{
+    return !m_output.empty() && IsSameFile(PathFromUtf8(file), m_output);
 }
 
 bool FileSource::StandsForFiles(const std::string& argument) const

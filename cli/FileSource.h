@@ -4,9 +4,11 @@
 #include "platform/FileIdentity.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vireo {
@@ -23,10 +25,14 @@ enum class FolderRule {
 /// list of names in one folder.
 class FileSource {
 public:
-    /// The arguments, files and folders in UTF-8, must outlive the source.
-    FileSource(const std::vector<std::string>& arguments, FolderRule rule)
+    /// The arguments, files and folders in UTF-8, must outlive the source. The file that is to be
+    /// written is not among those of a folder, where it may lie since the last time; as an argument
+    /// it stays, to be refused.
+    FileSource(const std::vector<std::string>& arguments, FolderRule rule,
+        std::filesystem::path output = {})
         : m_arguments(arguments),
-          m_rule(rule)
+          m_rule(rule),
+          m_output(std::move(output))
     {
     }
 
@@ -45,11 +51,13 @@ public:
     std::optional<std::size_t> Count() const;
 
 private:
+    bool IsOutput(const std::string& file) const;
     bool StandsForFiles(const std::string& argument) const;
     std::string EnterFolder();
 
     const std::vector<std::string>& m_arguments;
     FolderRule m_rule;
+    std::filesystem::path m_output;
     std::size_t m_nextArgument = 0;
     FolderFiles m_files;                ///< Of the folder entered last.
     std::vector<std::string> m_folders; ///< To be entered, the next one last.

@@ -23,7 +23,7 @@ int Run(const Settings& settings)
     // A folder that cannot be listed cannot be packed either, which is told as it is of files.
     std::vector<std::string> names;
     std::vector<std::filesystem::path> files;
-    FileSource source(settings.files, settings.folders);
+    FileSource source(settings.files, settings.folders, settings.output);
     while (auto item = source.Next()) {
         files.push_back(PathFromUtf8(item->name));
         names.push_back(std::move(item->name));

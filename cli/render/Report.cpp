@@ -68,7 +68,7 @@ FileResult SumUp(const Subject& subject, const Settings& settings)
 std::vector<ReportRow> SumUpAll(const Settings& settings, Reporter& reporter)
 {
     std::vector<ReportRow> rows;
-    FileSource source(settings.files, settings.folders);
+    FileSource source(settings.files, settings.folders, settings.output);
     const auto count = source.Count();
     WorkInOrder(
         source, std::min(settings.jobs, count.value_or(settings.jobs)),

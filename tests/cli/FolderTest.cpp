@@ -35,6 +35,8 @@ TEST(Folders, StandForTheirFilesInTheOrderOfTheirBytes)
         folder.Write(name, "[MTF]\n");
     EXPECT_EQ(Identified(folder, {}),
         (std::vector<std::string>{".c", "B.con", "a", "b.con", "\xC3\xA4.con"}));
+    // Files that another program is writing, or has left when it was killed.
+    folder.Write(".vireo-0123456789abcdef.tmp", "half a fi");
     const std::vector<std::string> all{
         ".c", "B.con", "a", "b.con", "\xC3\xA4.con", "a.d/y", "b/z", "b/deep/x"};
     EXPECT_EQ(Identified(folder, {"--recursive"}), all);
@@ -97,6 +99,19 @@ TEST(Folders, ArePackedWithTheirFiles)
     ASSERT_EQ(members.size(), 2U);
     EXPECT_EQ(members[0]["name"], "a");
     EXPECT_EQ(members[1]["name"], "b");
+}
+
+TEST(Folders, DoNotStandForTheFileThatIsWrittenIntoThem)
+{
+    for (const char* command : {"pack", "report"}) {
+        const TempFolder folder;
+        folder.Write("a.con", ScanFile().Bytes());
+        const std::string name = Text(folder.Path());
+        const std::string out = Text(folder.Path() / "out.pdf");
+        for (int run = 0; run < 2; ++run)
+            EXPECT_EQ(RunCli({command, name, "-o", out}).error, "") << command << run;
+        EXPECT_EQ(RunCli({command, name, out, "-o", out}).exitStatus, 1);
+    }
 }
 
 #ifndef _WIN32
