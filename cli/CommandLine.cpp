@@ -8,7 +8,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
@@ -179,6 +178,8 @@ CommandOptions& CommandLine::AddCommand(const char* name, const char* summary)
     command->group("Commands");
     // A file's name may begin with '/'.
     command->allow_windows_style_options(false);
+    command->set_help_flag("-h,--help", "Print this help message and exit")
+        ->disable_flag_override();
     // It has taken over the program's.
     command->footer("");
     return m_commands.emplace_back(*command);
@@ -204,9 +205,32 @@ void RequireKnownCommand(const CLI::App& program, const std::vector<std::string>
         std::string("There is no ") + what + arguments[0], CLI::ExitCodes::ExtrasError);
 }
 
-void Print(const std::string& text)
+/// An option that no command has; empty when all are known. It is told rather than what is missing
+/// beside it, and files that stand where none is taken.
+std::string UnknownOption(const CLI::App& program)
 {
-    std::fwrite(text.data(), 1, text.size(), stdout);
+    for (const CLI::App* command : program.get_subcommands()) {
+        for (const std::string& argument : command->remaining()) {
+            if (argument.starts_with('-'))
+                return argument.substr(0, argument.find('='));
+        }
+    }
+    return {};
+}
+
+/// What is wrong with the command line, in our words where the library's are for programmers.
+std::string Describe(const CLI::App& program, const CLI::Error& error)
+{
+    if (const std::string unknown = UnknownOption(program); !unknown.empty())
+        return "There is no option " + unknown;
+    const std::string text = error.what();
+    const std::string name = text.substr(0, text.find_first_of(": "));
+    if (text.find(": At Most 1 required") != std::string::npos)
+        return name.starts_with('-') ? name + " is given more than once"
+                                     : "There is more than one " + name;
+    if (text.find(" disallowed flag override") != std::string::npos)
+        return "--" + name + " takes no value";
+    return text;
 }
 
 } // namespace
@@ -221,13 +245,11 @@ std::optional<int> CommandLine::Read(const std::vector<std::string>& arguments)
         std::ranges::reverse(guarded);
         m_program->parse(std::move(guarded));
     } catch (const CLI::CallForHelp&) {
-        Print(m_program->help());
-        return kExitDone;
+        return PrintAll(name, m_program->help());
     } catch (const CLI::CallForVersion& version) {
-        Print(std::string(version.what()) + '\n');
-        return kExitDone;
+        return PrintAll(name, std::string(version.what()) + '\n');
     } catch (const CLI::Error& error) {
-        PrintError(name, std::string(error.what()) + " (see " + name + " --help)");
+        PrintError(name, Describe(*m_program, error) + " (see " + name + " --help)");
         return kExitBadUsage;
     }
     return std::nullopt;

@@ -35,6 +35,8 @@ void AddOutputOption(CommandOptions& command, Settings& settings, const char* de
     command.AddText({"--output,-o OUT", Presence::Required}, description,
         [&settings, check](const std::string& name) {
             settings.output = PathFromUtf8(name);
+            if (name.empty())
+                return Refusal("There is no file without a name");
             return check ? check(settings) : Refusal();
         });
 }

@@ -61,12 +61,31 @@ INSTANTIATE_TEST_SUITE_P(CommandLines, BadUsage,
         UsageRow{"unknown colour", {"render", "a.con", "-o", "a.png", "--color", "pink"}},
         UsageRow{"unknown paper", {"render", "a.con", "-o", "a.pdf", "--page", "A5"}},
         UsageRow{"error code of letters", {"error", "0x65"}},
+        UsageRow{"output without a name", {"export", "a.con", "-o", ""}},
+        UsageRow{"value for the help", {"export", "--help=1"}},
         UsageRow{"two dumps", {"unpack", "a.con", "b.con"}},
         UsageRow{"folder without a name", {"unpack", "a.con", "-d", ""}},
         UsageRow{"limits without a name", {"check", "a.con", "--limits", ""}},
         UsageRow{"drawn limits without a name", {"render", "a.con", "-oa.png", "--limits="}},
         UsageRow{"no dump to pack into", {"pack", "a.con"}},
         UsageRow{"no zoom", {"render", "a.con", "-o", "a.png", "--zoom", "0"}}));
+
+TEST(Usage, FaultsAreToldInWordsForUsers)
+{
+    struct Row {
+        std::vector<std::string> arguments;
+        const char* text;
+    };
+    for (const Row& row : {Row{{"analyse", "--arrays=1", "x"}, "--arrays takes no value"},
+             Row{{"analyse", "--help=1"}, "--help takes no value"},
+             Row{{"analyse", "--line", "1", "--line=2", "x"}, "--line is given more than once"},
+             Row{{"unpack", "x", "y"}, "There is more than one FILE"},
+             Row{{"analyse", "--bogus"}, "There is no option --bogus"},
+             Row{{"check", "-x", "--line", "a"}, "There is no option -x"},
+             Row{{"analyse", "--bogus=3", "x"}, "There is no option --bogus"}})
+        EXPECT_EQ(RunCli(row.arguments).error,
+            "vireo-cli: " + std::string(row.text) + " (see vireo-cli --help)\n");
+}
 
 TEST(Error, PrintsTheRowOfACode)
 {
@@ -96,6 +115,37 @@ TEST(Usage, TellsTheVersion)
     EXPECT_EQ(run.exitStatus, 0);
     EXPECT_EQ(run.output, "vireo-cli " VIREO_VERSION "\n");
 }
+
+#ifndef _WIN32
+TEST(Usage, AnOutputThatCannotBeWrittenIsAFailure)
+{
+    for (const char* arguments : {"--version", "--help", "render --help", "error 850",
+             "identify " VIREO_SAMPLES "/mtf.con"}) {
+        for (const char* output : {" >/dev/full", " >&-"}) {
+            const ProgramRun run =
+                RunTool("sh", {"-c", std::string(VIREO_CLI " ") + arguments + output});
+            EXPECT_EQ(run.exitStatus, 1) << arguments << output;
+            EXPECT_EQ(run.error, "vireo-cli: standard output: Cannot be written\n");
+        }
+    }
+}
+
+TEST(Usage, WhatIsToldDoesNotGoIntoTheFileThatIsWritten)
+{
+    // Its rows fail while the report is being written.
+    std::string bytes = TempFolder::Read(VIREO_SAMPLES "/picture-rgb.tif");
+    std::fill_n(bytes.begin() + 20000, 10000, '\xFF');
+    const TempFolder folder;
+    const std::string picture = Text(folder.Write("bad.tif", bytes));
+    const auto report = folder.Path() / "a.pdf";
+    const ProgramRun run = RunTool(
+        "sh", {"-c", VIREO_CLI " report " + picture + " -o " + Text(report) + " 0<&- >&- 2>&-"});
+    EXPECT_EQ(run.exitStatus, 1);
+    const std::string pdf = TempFolder::Read(report);
+    EXPECT_TRUE(pdf.starts_with("%PDF"));
+    EXPECT_EQ(pdf.find("vireo-cli: "), std::string::npos);
+}
+#endif
 
 TEST(Usage, TellsHelpOfEachCommandOnEightyColumns)
 {
