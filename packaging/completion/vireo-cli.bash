@@ -6,6 +6,12 @@ _vireo_cli()
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
     local command="" i
     COMPREPLY=()
+    # "--as=st" comes as three words, and what is behind the '=' is completed.
+    if [[ ${COMP_WORDS[COMP_CWORD]} == = ]]; then
+        word=""
+    elif [[ $previous == = ]] && ((COMP_CWORD > 1)); then
+        previous=${COMP_WORDS[COMP_CWORD-2]}
+    fi
     for ((i = 1; i < COMP_CWORD; i++)); do
         # Behind it every word is a file.
         [[ ${COMP_WORDS[i]} != -- ]] || { _vireo_cli_files "$word"; return; }

@@ -59,5 +59,6 @@ __vireo_cli_option convert -l compression -x -a "none huffman g4 lzw packbits" -
 __vireo_cli_option convert -l predictor -x -a "1 2" -d "1 none, 2 horizontal differencing"
 __vireo_cli_option convert -l page -x -d "The page, from 1"
 __vireo_cli_option convert -l icc -r -d "The ICC profile to put in"
+__vireo_cli_option error -f
 __vireo_cli_option error -l plate -d "For scanners with a moving table"
 functions --erase __vireo_cli_option
