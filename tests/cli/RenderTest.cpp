@@ -256,7 +256,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Refuses,
         MissingRow{"render", "stitch-gray.con", "--line", "420",
             "line 420: the file has 420, counted from 0"},
         MissingRow{"render", "picture-rgb.tif", "--line", "99999",
-            "line 99999: the file has 280, counted from 0"},
+            "line 99999: the file has 420, counted from 0"},
         MissingRow{"render", "oscilloscope-color.con", "--view", "1",
             "view 1: the file has 1, counted from 0"},
         MissingRow{"render", "tonal-resolution.con", "--view", "3",
@@ -266,7 +266,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Refuses,
         MissingRow{
             "export", "noise-color.con", "--line", "1", "line 1: the file has 1, counted from 0"},
         MissingRow{"export", "startest-sweeps.con", "--line", "88888",
-            "line 88888: the file has 3000, counted from 0"},
+            "line 88888: the file has 700, counted from 0"},
         MissingRow{"export", "oscilloscope-color.con", "--sweep", "77",
             "sweep 77: the file has 0, counted from 0"}));
 
