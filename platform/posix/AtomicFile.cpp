@@ -32,6 +32,15 @@ std::filesystem::path BehindLinks(const std::filesystem::path& target)
     return path;
 }
 
+/// Whether a path leads to a device or a pipe. Links of the system's own ("/dev/stdout") lead there
+/// without telling a path.
+bool LeadsToNoFile(const std::filesystem::path& target)
+{
+    struct stat information = {};
+    return stat(target.c_str(), &information) == 0 && !S_ISREG(information.st_mode)
+        && !S_ISDIR(information.st_mode);
+}
+
 /// What may be put at the target: nothing stands there, or a regular file that we may write to, or
 /// a link that is to be replaced. Links to be followed have been, to their end.
 FileStatus CheckTarget(const std::filesystem::path& target, AtomicFile::Links links,
@@ -82,6 +91,8 @@ FileStatus AtomicFile::Open(const std::filesystem::path& target, Links links)
     Discard();
     if (target.empty() || HoldsZeroByte(target))
         return m_status = FileStatus::NotFound;
+    if (links == Links::Followed && LeadsToNoFile(target))
+        return m_status = FileStatus::NotAFile;
     m_links = links;
     m_target = links == Links::Followed ? BehindLinks(target) : target;
     std::optional<mode_t> permissions;

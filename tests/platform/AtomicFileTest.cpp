@@ -233,9 +233,14 @@ TEST(AtomicFile, WhatIsNoFileStays)
     std::filesystem::create_symlink("link", link);
     EXPECT_EQ(WriteFileAtomically(pipe, "x"), FileStatus::NotAFile);
     EXPECT_EQ(WriteFileAtomically("/dev/null", "x"), FileStatus::NotAFile);
+    int ends[2] = {};
+    ASSERT_EQ(::pipe(ends), 0);
+    EXPECT_EQ(WriteFileAtomically("/dev/fd/" + std::to_string(ends[1]), "x"), FileStatus::NotAFile);
     EXPECT_EQ(WriteFileAtomically(link, "x"), FileStatus::NotFound);
     EXPECT_EQ(PositionalFile().Open(link), FileStatus::NotFound);
     EXPECT_EQ(FilesIn(folder.Path()), 2U);
+    close(ends[0]);
+    close(ends[1]);
 }
 
 TEST(AtomicFile, KeepsPermissionsAndLinks)
