@@ -2,14 +2,17 @@
 #include "platform/ProgramInfo.h"
 #include "viewers/controls/CAboutDlg.h"
 #include "viewers/controls/CViewerDialog.h"
+#include "viewers/controls/Placement.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/Resources.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QMargins>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -114,6 +117,37 @@ TEST(CViewerDialog, CanBeMaximisedAndHasAnIcon)
     EXPECT_FALSE(dialog.windowIcon().isNull());
     for (const int size : {16, 32, 48, 256})
         EXPECT_TRUE(ApplicationIcon().availableSizes().contains(QSize(size, size))) << size;
+}
+
+struct PlaceCase {
+    const char* name;
+    QSize wanted;
+    QSize smallest;
+    QRect place;
+};
+
+TEST(Placement, AWindowIsNoLargerThanItsDesktop)
+{
+    // A panel of 40 pixels at the top; the frame takes 10 in width and 35 in height.
+    const QRect desktop(0, 40, 960, 500);
+    const QMargins frame(5, 30, 5, 5);
+    const PlaceCase rows[] = {
+        {"fits", {400, 200}, {100, 100}, {280, 203, 400, 200}},
+        {"too wide and too high", {1100, 700}, {500, 400}, {5, 70, 950, 465}},
+        {"too wide", {1100, 200}, {500, 100}, {5, 203, 950, 200}},
+        {"cannot become so small", {1100, 700}, {1000, 600}, {5, 70, 1000, 600}},
+    };
+    for (const PlaceCase& row : rows)
+        EXPECT_EQ(PlaceOnDesktop(row.wanted, row.smallest, frame, desktop), row.place) << row.name;
+}
+
+TEST(CViewerDialog, OpensWithinItsDesktop)
+{
+    TestDialog dialog;
+    dialog.resize(5000, 4000);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    EXPECT_TRUE(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
 }
 
 TEST(Accelerators, LinesThatCannotBeReadCountForNothing)

@@ -192,6 +192,7 @@ TEST_F(COscilloscope_DialogTest, CameraAdjustmentHasItsOwnLayout)
     file.generation = 9;
     file.cameraPixels = {100, 100, 100, 100, 100};
     ASSERT_TRUE(Open(file));
+    dialog->resize(1100, 700); // However small the screen is.
     EXPECT_EQ(Button("lightProfileButton").text(), "Camera Adjustment");
     EXPECT_FALSE(IsVisible("scanWidthButton"));
     EXPECT_FALSE(IsVisible("verticalPositioningButton"));
