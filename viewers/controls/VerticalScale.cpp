@@ -51,7 +51,10 @@ VerticalScale VerticalScale::Fitting(const ValueRange<double>& values)
         high += room;
     }
     const double step = RoundStep(high - low);
-    return {step * std::ceil(high / step), step * std::floor(low / step), step};
+    // A curve that lay on the frame would not be seen.
+    const double margin = step * 0.1;
+    return {
+        step * std::ceil((high + margin) / step), step * std::floor((low - margin) / step), step};
 }
 
 VerticalScale VerticalScale::ZoomedAt(double value, double times) const

@@ -243,8 +243,8 @@ TEST_F(StarTestControl, ScalesValuesByHandAndAutomatically)
     EXPECT_NEAR(plot.Scale().top, 1.0, 0.3);
     EXPECT_GT(plot.Scale().bottom, -1.0);
     plot.SelectSweep(1);
-    EXPECT_NEAR(plot.Scale().top, 4.0, 0.6);
-    plot.SetVerticalScale({1.0, 2.0, 0.5}); // Upside down.
+    EXPECT_NEAR(plot.Scale().top, 5.0, 0.6); // Up to 4, and not on the frame.
+    plot.SetVerticalScale({1.0, 2.0, 0.5});  // Upside down.
     EXPECT_TRUE(plot.HasAutomaticScale());
     plot.SetVerticalScale({2.0, 1.0, 0.5});
     EXPECT_FALSE(plot.HasAutomaticScale());
