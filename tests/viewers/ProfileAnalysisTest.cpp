@@ -189,6 +189,19 @@ INSTANTIATE_TEST_SUITE_P(Modes, ProfileSceneCases,
         SceneCase{"transitions of the planes", {ProfileMode::VerticalPositioning, kLeft, 1},
             {952, 96}, "Transition from pixel 1000: Blue +5.00"}));
 
+TEST(ProfileScene, ABoundaryHasRoomForEveryPlaneThatIsShown)
+{
+    const TwoCameras data;
+    const ProfileRequest request{ProfileMode::LightProfile, kRight, 0};
+    const auto green = ComposeScene(request, data.line, ShownColour::Green, data.cameras);
+    EXPECT_EQ(green.low, 177.0); // 180 to 190, and air up to 16 levels.
+    EXPECT_EQ(green.high, 193.0);
+    const auto all = ComposeScene(request, data.line, ShownColour::All, data.cameras);
+    EXPECT_EQ(all.low, 173.0); // Blue goes up to 250.
+    EXPECT_EQ(all.high, 255.0);
+    EXPECT_EQ(all.title, "Camera B at A | B: mean 190.0 (green), step +10.0 (+5.6 %)");
+}
+
 TEST(ProfileScene, HasAnAnswerForEveryRequestOnAnyLine)
 {
     const ProfileLine empty;

@@ -75,14 +75,22 @@ void FitValues(ProfileScene& scene, const ValueRange<std::int32_t>& range, bool 
     scene.high = isWide ? high + air : std::min(high + air, 255.0);
 }
 
-/// 32-bit samples may lie anywhere: the whole line's values are shown, and stay where they are
-/// while the view moves.
-void FitToLine(ProfileScene& scene, const ProfileLine& line, ShownColour shown)
+/// The values of all planes that are shown.
+ValueRange<std::int32_t> ShownRange(
+    const ProfileLine& line, ShownColour shown, std::int64_t begin, std::int64_t end)
 {
     ValueRange<std::int32_t> range;
     for (const PlaneName& named : kPlaneNames)
         if (shown == ShownColour::All || named.plane == PlaneOf(shown))
-            range.Include(line.RangeOf(named.plane, 0, line.Length()));
+            range.Include(line.RangeOf(named.plane, begin, end));
+    return range;
+}
+
+/// 32-bit samples may lie anywhere: the whole line's values are shown, and stay where they are
+/// while the view moves.
+void FitToLine(ProfileScene& scene, const ProfileLine& line, ShownColour shown)
+{
+    const auto range = ShownRange(line, shown, 0, line.Length());
     if (!range.IsEmpty())
         FitValues(scene, range, true);
 }
@@ -116,7 +124,7 @@ ProfileScene LightProfileScene(const ProfileRequest& request, const ProfileLine&
         scene.title = Format("%c | %c: no data at this boundary", left, right);
         return scene;
     }
-    FitValues(scene, line.RangeOf(plane, boundary - reach, boundary + reach), line.IsWide());
+    FitValues(scene, ShownRange(line, shown, boundary - reach, boundary + reach), line.IsWide());
     // Away from the boundary, where the target's lines are.
     scene.levelLabelsAtLeft = isLeft;
     const auto level = [&](char camera, double mean, bool here) {
@@ -125,8 +133,8 @@ ProfileScene LightProfileScene(const ProfileRequest& request, const ProfileLine&
     };
     level(left, means->left, isLeft);
     level(right, means->right, !isLeft);
-    scene.title = Format("Camera %c at %c | %c: mean %.1f", isLeft ? left : right, left, right,
-        isLeft ? means->left : means->right);
+    scene.title = Format("Camera %c at %c | %c: mean %.1f%s", isLeft ? left : right, left, right,
+        isLeft ? means->left : means->right, shown == ShownColour::All ? " (green)" : "");
     if (!isLeft && means->left > 0.0)
         scene.title +=
             Format(", step %+.1f (%+.1f %%)", means->Step(), 100.0 * means->Step() / means->left);
