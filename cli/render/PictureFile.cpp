@@ -70,6 +70,7 @@ bool DrawSvg(const Drawing& drawing, const Settings& settings, QBuffer& buffer)
 {
     SvgDevice device(QSizeOf(settings.PlotSize()), QString::fromStdString(drawing.title));
     QPainter painter(&device);
+    painter.fillRect(QRect(QPoint(), QSizeOf(settings.PlotSize())), Qt::white);
     drawing.drawPlot(painter);
     painter.end();
     const QByteArray bytes = device.Bytes();
