@@ -135,6 +135,16 @@ TEST(Render, WritesTextAsTextInSvg)
     EXPECT_NE(svg.find(">B</text>"), std::string::npos) << "a camera's letter";
 }
 
+TEST(Render, SvgHasAWhiteGroundAsPngHas)
+{
+    const TempFolder folder;
+    const auto target = folder.Path() / "a.svg";
+    const auto sample = std::filesystem::path(VIREO_SAMPLES) / "mirror-carriage-adjustment.con";
+    ASSERT_EQ(RunCli({"render", Text(sample), "-o", Text(target)}).exitStatus, 0);
+    const std::string svg = TempFolder::Read(target);
+    EXPECT_LT(svg.find("#ffffff"), svg.find("<image")) << "beside the picture there is nothing";
+}
+
 TEST(Render, SvgStaysXmlWhateverAFileIsCalled)
 {
     const TempFolder folder;
