@@ -140,28 +140,61 @@ private:
         m_painter.restore();
     }
 
-    /// Beside the plot, or where the margin is too narrow for both in it.
-    void DrawValueTexts()
+    enum class ValuePlace { Left, Right, Inside };
+
+    /// Left of the plot, or where somebody else's texts leave no room there, right of it.
+    ValuePlace PlaceOfValues(double width) const
     {
         constexpr double kGaps = PlotFurniture::kTickLength + 7.0;
+        if (m_area.left() - m_content.leftReserved >= width + kGaps)
+            return ValuePlace::Left;
+        return m_size.width() - m_area.right() >= width + kGaps ? ValuePlace::Right
+                                                                : ValuePlace::Inside;
+    }
+
+    void DrawValueTexts()
+    {
         std::vector<AxisTick> ticks;
         double width = m_furniture.WidthOf(m_content.valueUnit);
         for (const double value : m_content.scale.GridLines()) {
             ticks.push_back({value, ValueText(value)});
             width = std::max(width, m_furniture.WidthOf(ticks.back().text));
         }
-        const bool fitsOutside = m_area.left() - m_content.leftReserved >= width + kGaps;
-        for (const AxisTick& tick : ticks) {
-            if (fitsOutside)
-                m_furniture.DrawValueText(tick);
-            else
-                m_furniture.DrawBoxedText(m_area.left() + 6.0, TextLineAt(m_scale.YAt(tick.value)),
-                    tick.text, Align::Left, PlotColour::kInk);
-        }
-        if (fitsOutside)
+        const ValuePlace place = PlaceOfValues(width);
+        for (const AxisTick& tick : ticks)
+            DrawValueText(tick, place);
+        if (place == ValuePlace::Left)
             m_furniture.DrawText(m_area.left() - PlotFurniture::kTickLength - 3.0,
                 m_area.top() - 9.0, m_content.valueUnit, Align::Right, PlotColour::kSoftInk);
+        else if (!ticks.empty()) // Above the plot's corner stands the legend.
+            DrawUnitBelow(ticks.back().value, place);
     }
+
+    void DrawValueText(const AxisTick& tick, ValuePlace place)
+    {
+        const double y = m_scale.YAt(tick.value);
+        if (place == ValuePlace::Left) {
+            m_furniture.DrawValueText(tick);
+        } else if (place == ValuePlace::Right) {
+            m_furniture.DrawLine(m_area.right(), y, m_area.right() + PlotFurniture::kTickLength, y,
+                PlotColour::kFrame);
+            m_furniture.DrawText(RightOfPlot(), y + m_furniture.Metrics().capHeight() / 2.0,
+                tick.text, Align::Left, PlotColour::kInk);
+        } else {
+            m_furniture.DrawBoxedText(
+                m_area.left() + 6.0, TextLineAt(y), tick.text, Align::Left, PlotColour::kInk);
+        }
+    }
+
+    void DrawUnitBelow(double value, ValuePlace place)
+    {
+        const double left = place == ValuePlace::Right ? RightOfPlot() : m_area.left() + 6.0;
+        m_furniture.DrawText(left,
+            TextLineAt(m_scale.YAt(value)) + m_furniture.Metrics().height() + 1.0,
+            m_content.valueUnit, Align::Left, PlotColour::kSoftInk);
+    }
+
+    double RightOfPlot() const { return m_area.right() + PlotFurniture::kTickLength + 3.0; }
 
     /// As many decimals as the grid's step needs.
     std::string ValueText(double value) const
@@ -192,6 +225,10 @@ private:
         if (m_area.top() - bottom >= kTitleRoom)
             m_furniture.DrawText(
                 m_area.left(), m_area.top() - 6.0, m_content.title, Align::Left, PlotColour::kInk);
+        else if (!m_content.title.empty()) // In the plot, away from the limits' texts.
+            m_furniture.DrawBoxedText(m_area.right() - 6.0,
+                m_area.top() + m_furniture.Metrics().ascent() + 2.0, m_content.title, Align::Right,
+                PlotColour::kInk);
     }
 
     void DrawLegendEntry(const CurveSlot& slot, const QRectF& place)

@@ -226,6 +226,22 @@ TEST_F(StarTestControl, ZoomsAndPansByMouseAndWheel)
     EXPECT_EQ(plot.Zoom(), HorizontalZoom::Whole(400));
 }
 
+TEST_F(StarTestControl, AValueStandsRightOfThePlotWhereTheListTakesTheLeft)
+{
+    Read(ThreeSweeps());
+    const auto hasInkAtRight = [this](int width) {
+        plot.resize(width, 381);
+        const ProfileScale scale = CurvePlotScale(plot.PlotContent(), QSizeF(width - 1, 380));
+        const QImage image = plot.grab().toImage();
+        for (int x = static_cast<int>(scale.Right()) + 2; x < width - 4; ++x)
+            if (image.pixelColor(x, static_cast<int>(scale.YAt(2.5))) != Qt::white)
+                return true;
+        return false;
+    };
+    EXPECT_FALSE(hasInkAtRight(1001));
+    EXPECT_TRUE(hasInkAtRight(701));
+}
+
 TEST_F(StarTestControl, ScalesValuesByHandAndAutomatically)
 {
     Read(ThreeSweeps());
