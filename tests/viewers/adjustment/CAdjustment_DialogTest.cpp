@@ -39,6 +39,8 @@ TEST_F(CAdjustment_DialogTest, ShowsTheTableAndTheProfile)
     EXPECT_EQ(table.item(5, 2)->text(), "");
     auto& plot = Find<CLPFControle>("profilePlot");
     EXPECT_EQ(plot.View().length, 100.0);
+    dialog->resize(1, 1); // The smallest size still has the whole plot.
+    EXPECT_LE(plot.geometry().right(), plot.parentWidget()->rect().right());
     QTest::mouseClick(&plot, Qt::LeftButton, {}, plot.rect().center());
     EXPECT_EQ(plot.View().length, 50.0);
     Click("zoomAllButton");
