@@ -15,11 +15,13 @@
 
 #include <QAction>
 #include <QInputDialog>
+#include <QLayout>
 #include <QMenu>
 #include <QPixmap>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace vireo {
@@ -129,15 +131,19 @@ void CPictureView_Dialog::SetUpMenus()
     view.addAction(MakeAction(tr("&Fit"), tr("Ctrl+0"), m_ui->plot, &Plot::Fit));
     view.addAction(MakeAction(tr("Zoom &1:1"), tr("Ctrl+1"), m_ui->plot, &Plot::ShowOneToOne));
     view.addSeparator();
-    view.addAction(MakeAction(tr("&Next Page"), tr("Ctrl+PgDown"), this, &Dialog::OnNextPage));
-    view.addAction(
-        MakeAction(tr("&Previous Page"), tr("Ctrl+PgUp"), this, &Dialog::OnPreviousPage));
+    m_nextPage = MakeAction(tr("&Next Page"), tr("Ctrl+PgDown"), this, &Dialog::OnNextPage);
+    m_previousPage =
+        MakeAction(tr("&Previous Page"), tr("Ctrl+PgUp"), this, &Dialog::OnPreviousPage);
+    view.addActions({m_nextPage, m_previousPage});
 }
 
 void CPictureView_Dialog::OnAcceleratorCommand(int command)
 {
-    if (command == CommandId::kShowHeader && !Picture().Path().empty())
-        CHeaderText_Dialog(PageReport(Picture()), this).exec();
+    if (command != CommandId::kShowHeader || Picture().Path().empty())
+        return;
+    CHeaderText_Dialog information(PageReport(Picture()), this);
+    information.setWindowTitle(tr("Picture Information"));
+    information.exec();
 }
 
 std::filesystem::path CPictureView_Dialog::ShownFile() const
@@ -230,6 +236,10 @@ void CPictureView_Dialog::ShowFacts()
     m_ui->saveButton->setEnabled(
         hasPicture && (m_loader.IsRunning() || Picture().RowsResult() == ImageResult::Ok));
     m_ui->printButton->setEnabled(hasPicture);
+    // A layout does not count wrapped lines into its smallest height.
+    m_ui->pictureGroup->updateGeometry();
+    QWidget& panel = *m_ui->sidePanel;
+    panel.setMinimumHeight(panel.layout()->totalHeightForWidth(panel.maximumWidth()));
 }
 
 void CPictureView_Dialog::ShowPages()
@@ -241,8 +251,12 @@ void CPictureView_Dialog::ShowPages()
     m_ui->pageSpin->setValue(page);
     m_ui->pageGroup->setVisible(pages > 1);
     m_ui->pagesText->setText(tr("of %1").arg(std::max(pages, 1)));
-    m_ui->previousPageButton->setEnabled(page > 1);
-    m_ui->nextPageButton->setEnabled(page < pages);
+    for (const auto& [button, action, isThere] :
+        {std::tuple(m_ui->previousPageButton, m_previousPage, page > 1),
+            std::tuple(m_ui->nextPageButton, m_nextPage, page < pages)}) {
+        button->setEnabled(isThere);
+        action->setEnabled(isThere);
+    }
 }
 
 void CPictureView_Dialog::ShowLoading(bool isLoading)

@@ -84,6 +84,8 @@ private:
     std::unique_ptr<Ui::CPictureView_Dialog> m_ui;
     PictureLoader m_loader;
     QTimer m_loadingTimer;
+    QAction* m_nextPage = nullptr;
+    QAction* m_previousPage = nullptr;
 };
 
 } // namespace vireo

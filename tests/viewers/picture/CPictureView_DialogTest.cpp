@@ -5,6 +5,7 @@
 #include "viewers/picture/CPictureView_Dialog.h"
 #include "viewers/picture/PictureData.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QInputDialog>
 #include <QProgressBar>
@@ -39,6 +40,15 @@ protected:
         QTest::qWait(100); // The dialog has looked at it since.
     }
     CPictureView_Control& Plot() const { return Find<CPictureView_Control>("plot"); }
+
+    bool IsOffered(const char* command) const
+    {
+        for (const QAction* const action : dialog->findChildren<QAction*>())
+            if (action->text() == QLatin1String(command))
+                return action->isEnabled();
+        ADD_FAILURE() << command;
+        return false;
+    }
 
     /// A point of the plot that shows a pixel, well inside of it at large zooms.
     QPoint PointOf(std::int64_t column, std::int64_t row) const
@@ -162,6 +172,8 @@ TEST_F(CPictureView_DialogTest, GoesThroughThePages)
     Open(file.Bytes());
     EXPECT_EQ(Text("pagesText"), "of 3");
     EXPECT_FALSE(Button("previousPageButton").isEnabled());
+    EXPECT_FALSE(IsOffered("&Previous Page"));
+    EXPECT_TRUE(IsOffered("&Next Page"));
     Plot().Navigation().ZoomIn();
     const double zoom = Plot().View().zoom;
     Click("nextPageButton");
@@ -190,6 +202,11 @@ TEST_F(CPictureView_DialogTest, ShowsWhatADamagedFileStillHas)
     EXPECT_EQ(ColourOf(20, 19), QColor(0x60, 0x60, 0x60));
     EXPECT_NE(ColourOf(20, 20), QColor(0x60, 0x60, 0x60));
     EXPECT_EQ(Text("noteText"), "Rows 20 to 39 are not in the file.");
+    dialog->resize(1, 1);
+    QTest::qWait(1);
+    for (const QLabel* const label : Find<QWidget>("sidePanel").findChildren<QLabel*>())
+        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+            << label->text().toStdString();
     PointAt(20, 30);
     EXPECT_EQ(Text("valueText"), "");
 }
