@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <cmath>
+
 namespace vireo {
 
 namespace {
@@ -31,6 +33,18 @@ void CDrawRedGreenRedRect::Draw(QPainter& dc) const
     dc.drawRect(Place().adjusted(0, 0, -1, -1));
 }
 
+namespace {
+
+/// What a narrow gauge has room for: thousands are short.
+QString ShortNumber(double value)
+{
+    constexpr double kThousand = 1000.0;
+    const bool isShort = std::abs(value) < kThousand;
+    return isShort ? QString::number(value) : QString::number(value / kThousand) + u'k';
+}
+
+} // namespace
+
 /// The decades from 1 up on both sides of zero, as far as the gauge reaches, and their texts where
 /// there is room.
 void CDrawRedGreenRedRect::DrawScale(QPainter& dc) const
@@ -39,13 +53,18 @@ void CDrawRedGreenRedRect::DrawScale(QPainter& dc) const
     const QFontMetrics metrics(dc.font());
     dc.setPen(Qt::white);
     int lastText = scale.centre;
+    const int length = m_iWidth / 8;
+    const auto fits = [&](const QString& text) {
+        return metrics.horizontalAdvance(text) < m_iWidth - 2 * length;
+    };
     const auto drawMark = [&](double value, bool withText) {
         const int y = scale.PositionOf(value);
-        const int length = m_iWidth / 8;
         dc.fillRect(m_iLeft + 1, y, length, 1, Qt::white);
         dc.fillRect(m_iLeft + m_iWidth - 1 - length, y, length, 1, Qt::white);
-        const QString text = QString::number(value);
-        if (withText && metrics.horizontalAdvance(text) < m_iWidth - 2 * length) {
+        // The longer text of the two signs decides for both.
+        const bool isShort = !fits(QString::number(-std::abs(value)));
+        const QString text = isShort ? ShortNumber(value) : QString::number(value);
+        if (withText && fits(text)) {
             dc.drawText(QRect(m_iLeft, y - metrics.height() / 2, m_iWidth, metrics.height()),
                 Qt::AlignCenter, text);
         }

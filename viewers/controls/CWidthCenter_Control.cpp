@@ -69,11 +69,15 @@ QColor VerdictColour(CWidthCenter_Control::Verdict verdict)
     return {190, 20, 20};
 }
 
+int WidthAt(const QString& text, int height)
+{
+    return QFontMetrics(FontOfLineHeight(kSansFace, height)).horizontalAdvance(text) + 4;
+}
+
 /// The height at which a text fits a width: the one wanted, or less.
 int FittingHeight(const QString& text, int height, int width)
 {
-    const int needed =
-        QFontMetrics(FontOfLineHeight(kSansFace, height)).horizontalAdvance(text) + 4;
+    const int needed = WidthAt(text, height);
     const int fitting = needed <= width ? height : height * width / std::max(needed, 1);
     return std::max(fitting, std::min(height, kSmallestText));
 }
@@ -97,6 +101,9 @@ bool CWidthCenter_Control::DrawContent(QPainter& dc, int width, int height)
             QStringLiteral("-100000"), std::clamp(height / 24, 8, 16), width / kGaugePart * 3 / 4),
         kSansFace, kNormalWeight);
     gauge.Draw(dc);
+    dc.setPen(Qt::black);
+    dc.drawText(QRect(gauge.Place().right() + 4, top, width, FontHeight()),
+        Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("mm"));
     DrawValue(dc, gauge, width, height, m_left, Side::Left);
     DrawValue(dc, gauge, width, height, m_right, Side::Right);
     return true;
@@ -130,13 +137,18 @@ void CWidthCenter_Control::DrawValue(QPainter& dc, const CDrawRedGreenRedRect& g
 
     const QString text =
         std::isfinite(pair.value) ? QString::asprintf("%+.2f", pair.value) : QStringLiteral("?");
-    const int base = static_cast<int>(std::lround(tip + away * (size + 3.0)));
+    const int beside = static_cast<int>(std::lround(tip + away * (size + 3.0)));
+    const int wanted = std::clamp(height / 20, 8, 18);
+    const bool fitsBeside =
+        WidthAt(text, kSmallestText) <= (side == Side::Left ? beside : width - beside) - 2;
+    // Where it is narrow, the text stands below its pointer.
+    const int base = fitsBeside ? beside : static_cast<int>(std::lround(tip + away));
     const int room = side == Side::Left ? base : width - base;
-    SetFont(dc, FittingHeight(text, std::clamp(height / 20, 8, 18), room - 2), kSansFace,
-        kNormalWeight);
+    SetFont(dc, FittingHeight(text, wanted, room - 2), kSansFace, kNormalWeight);
     const int lineHeight = FontHeight();
-    const int textTop = std::clamp(static_cast<int>(std::lround(y)) - lineHeight / 2, place.top(),
-        std::max(height - lineHeight, place.top()));
+    const double middle = fitsBeside ? y : y + size * 0.6 + lineHeight / 2.0;
+    const int textTop = std::clamp(static_cast<int>(std::lround(middle)) - lineHeight / 2,
+        place.top(), std::max(height - lineHeight, place.top()));
     const QRect box(side == Side::Left ? 0 : base, textTop, std::max(room, 0), lineHeight);
     dc.setPen(VerdictColour(VerdictOf(pair.value)));
     dc.drawText(box,

@@ -107,6 +107,17 @@ TEST_F(WidthGauge, PointersFollowTheValues)
     EXPECT_FALSE(IsReddish(PixelAt(94, below)));
 }
 
+TEST_F(WidthGauge, ValuesAreNotCutAtTheEdge)
+{
+    m_control.SetLeft(100.0, 0.08);
+    for (int width = 90; width < 130; ++width) {
+        m_control.resize(width, 301);
+        const QImage image = m_control.grab().toImage();
+        for (int y = 60; y < 250; ++y)
+            EXPECT_EQ(image.pixelColor(0, y), image.pixelColor(0, 300 - 5)) << width;
+    }
+}
+
 TEST_F(WidthGauge, JudgesByItsLimits)
 {
     using Verdict = CWidthCenter_Control::Verdict;
