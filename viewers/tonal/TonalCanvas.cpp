@@ -89,8 +89,10 @@ void TonalCanvas::DrawValueAxis()
         widest = std::max(widest, m_furniture.WidthOf(tick.text));
     }
     m_painter.save();
+    // Clear of the frame, brackets and all.
     m_painter.translate(
-        std::max(tickLeft - 3.0 * kGap - widest, capHeight + 1.0), area.center().y());
+        std::max(tickLeft - 3.0 * kGap - widest, m_furniture.Metrics().ascent() + 1.0),
+        area.center().y());
     m_painter.rotate(-90.0);
     m_furniture.DrawText(0.0, 0.0, std::string(TonalValueCaption(m_content.view)), Align::Centre,
         PlotColour::kSoftInk);

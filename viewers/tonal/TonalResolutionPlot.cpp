@@ -13,6 +13,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace vireo {
 
@@ -176,15 +178,22 @@ private:
             Format("light max %.2f", m_data.m_dMaxLightDeviation), Align::Left, ink);
     }
 
+    /// In the corner that a rising line is farthest from, and that no patch's name is in.
     void DrawFitTexts()
     {
-        double baseline = m_area.top() + 2.5 * TonalCanvas::kRow;
+        std::vector<std::string> texts;
+        double width = 0.0;
         for (const std::size_t channel : m_canvas.Channels()) {
             const LineFit& fit = m_data.m_fit[channel];
-            const std::string text = Format("%s   slope %.2f   offset %.2f   correlation %.5f",
-                TonalCanvas::ChannelName(channel), fit.slope, fit.offset, fit.correlation);
-            m_furniture.DrawBoxedText(
-                m_area.left() + 3.0 * kGap, baseline, text, Align::Left, kChannelInk[channel]);
+            texts.push_back(Format("%s  slope %.2f  offset %.2f  correlation %.5f",
+                TonalCanvas::ChannelName(channel), fit.slope, fit.offset, fit.correlation));
+            width = std::max(width, m_furniture.WidthOf(texts.back()));
+        }
+        double baseline = m_area.bottom() + TonalCanvas::kRow - 2.0 * kGap
+            - static_cast<double>(texts.size()) * TonalCanvas::kRow;
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            m_furniture.DrawBoxedText(m_area.right() - 2.0 * kGap - width, baseline, texts[i],
+                Align::Left, kChannelInk[m_canvas.Channels()[i]]);
             baseline += TonalCanvas::kRow;
         }
     }
