@@ -212,7 +212,8 @@ void CView_LPF_Dialog::ShowLine()
 
 void CView_LPF_Dialog::ShowFigures()
 {
-    std::string text = FiguresText(FiguresOf(m_plots->Line(), m_plots->Shown()));
+    std::string text = m_plots->Shown() == ShownColour::All ? "Green\n" : "";
+    text += FiguresText(FiguresOf(m_plots->Line(), m_plots->Shown()));
     if (m_data.Lines().LineCount() > 0)
         text += '\n' + LightProfileKindText(m_data);
     m_ui->valuesText->setText(QStringFromText(text));

@@ -64,6 +64,7 @@ TEST_F(CView_LPF_DialogTest, ShowsSignedColoursAndTheirBoundary)
     const ProfileScene all = Plot("overviewPlot").Content().scene;
     EXPECT_LT(all.low, -70'000.0);
     EXPECT_GT(all.high, 1500.0);
+    EXPECT_EQ(Text("valuesText"), "Green\nLowest 1000\nHighest 1500\nMean 1250.0\nSigned 32-bit");
     Click("greenButton");
     EXPECT_EQ(Text("valuesText"), "Lowest 1000\nHighest 1500\nMean 1250.0\nSigned 32-bit");
     EXPECT_GT(Plot("overviewPlot").Content().scene.low, 0.0) << "red is not shown any more";
