@@ -239,7 +239,7 @@ void CPictureView_Dialog::ShowFacts()
     // A layout does not count wrapped lines into its smallest height.
     m_ui->pictureGroup->updateGeometry();
     QWidget& panel = *m_ui->sidePanel;
-    panel.setMinimumHeight(panel.layout()->totalHeightForWidth(panel.maximumWidth()));
+    panel.setMinimumHeight(std::max(panel.layout()->totalHeightForWidth(panel.maximumWidth()), 0));
 }
 
 void CPictureView_Dialog::ShowPages()

@@ -205,8 +205,9 @@ TEST_F(CPictureView_DialogTest, ShowsWhatADamagedFileStillHas)
     dialog->resize(1, 1);
     QTest::qWait(1);
     for (const QLabel* const label : Find<QWidget>("sidePanel").findChildren<QLabel*>())
-        EXPECT_GE(label->height(), label->heightForWidth(label->width()))
-            << label->text().toStdString();
+        if (label->isVisible())
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                << label->text().toStdString();
     PointAt(20, 30);
     EXPECT_EQ(Text("valueText"), "");
 }
