@@ -44,15 +44,17 @@ VerticalScale VerticalScale::Fitting(const ValueRange<double>& values)
         return {};
     double low = std::clamp(values.lowest, -kLargest, kLargest);
     double high = std::clamp(values.highest, -kLargest, kLargest);
+    double margin = 0.0;
     if (high - low < kNarrowest) {
         // A level line runs through the middle of its plot.
         const double room = std::max(std::abs(high) * 0.1, 1.0);
         low -= room;
         high += room;
+    } else {
+        // A curve that lay on the frame would not be seen.
+        margin = RoundStep(high - low) * 0.1;
     }
     const double step = RoundStep(high - low);
-    // A curve that lay on the frame would not be seen.
-    const double margin = step * 0.1;
     return {
         step * std::ceil((high + margin) / step), step * std::floor((low - margin) / step), step};
 }
