@@ -3,7 +3,6 @@
 #include "app/AssociationCommand.h"
 #include "app/CommandLine.h"
 #include "app/DumpView.h"
-#include "app/FileMessage.h"
 #include "app/LoadPath.h"
 #include "app/ProgramLimits.h"
 #include "platform/Log.h"
@@ -42,6 +41,8 @@ CViewerDlg::CViewerDlg(Setup setup, QWidget* parent)
       m_window(*this),
       m_recentFiles(m_setup.recentList)
 {
+    m_setup.viewers.SetFileKeeper(
+        [this](const std::filesystem::path& file) { static_cast<void>(m_recentFiles.Add(file)); });
     m_ui->setupUi(this);
     ShowHeading();
     TakeDroppedFiles([this](const std::filesystem::path& file) { OpenAndStay(file); });
@@ -178,7 +179,8 @@ void CViewerDlg::Dispatch(const std::filesystem::path& file, Afterwards afterwar
     const DispatchPlan plan = m_setup.plan(file);
     if (!plan.refusal.empty()) {
         const bool isCut = afterwards == Afterwards::End && m_bFileToLoadCut;
-        ShowCannotOpen(file, isCut ? kTooLong : plan.refusal);
+        TellCannotOpen(file, isCut ? kTooLong : plan.refusal);
+        CheckRecentFiles();
         return;
     }
     bool opened = plan.isPackedDump && OpenPackedDump(file);
@@ -186,7 +188,6 @@ void CViewerDlg::Dispatch(const std::filesystem::path& file, Afterwards afterwar
         opened = RunViewer(viewer, file) || opened;
     if (!opened)
         return;
-    static_cast<void>(m_recentFiles.Add(file));
     if (afterwards == Afterwards::End)
         accept();
     else
@@ -203,6 +204,7 @@ bool CViewerDlg::OpenPackedDump(const std::filesystem::path& dump)
         return false;
     }
     const ProgramInfo info = OwnProgramInfo();
+    static_cast<void>(m_recentFiles.Add(dump));
     Log_Msg_Txt(LoadStringResource(StringId::kVersion), info.fileVersion);
     Log_Msg_Txt(LoadStringResource(StringId::kBuild), info.privateBuild);
     const DumpView view = ViewOfUnpackedDump(dump);
@@ -259,6 +261,11 @@ void CViewerDlg::ShowRecentFiles()
 {
     static_cast<void>(m_recentFiles.Load());
     m_ui->recentList->SetFiles(m_recentFiles.Files());
+    CheckRecentFiles();
+}
+
+void CViewerDlg::CheckRecentFiles()
+{
     m_bRecentCheckRuns = false;
     m_recentCheckTimer.start(kRecentCheckMilliseconds);
 }

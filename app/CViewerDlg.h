@@ -85,6 +85,7 @@ private:
     void OnOpen();
     void OnRemoveRecent(const std::filesystem::path& file);
     void OnRecentCheck();
+    void CheckRecentFiles();
 
     void Dispatch(const std::filesystem::path& file, Afterwards afterwards);
     bool OpenPackedDump(const std::filesystem::path& dump);

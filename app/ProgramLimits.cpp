@@ -29,6 +29,12 @@ LimitsAnswer Check(
     const FileStatus status = RecogniseSubject(Utf8FromPath(question.file), std::nullopt, subject);
     if (status != FileStatus::Ok)
         return {{}, std::nullopt, std::string(Describe(status))};
+    // What a viewer has read as its own kind is judged as what it shows.
+    const auto shownKind = KindFromId(question.kind);
+    if (shownKind && *shownKind != subject.Kind()) {
+        subject.recognition.kind = *shownKind;
+        subject.isForced = true;
+    }
     AnalyseSettings settings;
     settings.line = question.line;
     settings.stop = std::move(stop);

@@ -38,11 +38,14 @@ private:
     std::optional<OpenScanner> m_opened;
 };
 
-/// Runs a viewer of files, whose figures are checked by the user's limits.
+/// Runs a viewer of files, whose figures are checked by the user's limits. The files that it shows
+/// are reported to the host, if there is one.
 template <typename Dialog>
-void Run(Dialog&& dialog)
+void Run(Dialog&& dialog, ViewerHost* host)
 {
     dialog.UseLimits(std::make_unique<ProgramLimits>(ScannerSettingsFile()));
+    if (host)
+        dialog.ReportFiles([host](const std::filesystem::path& file) { host->FileShown(file); });
     dialog.exec();
 }
 
@@ -59,9 +62,9 @@ void AddLiveTests(ViewerTable& viewers)
         prepare);
     viewers.Add(
         "CNCTest_Dialog",
-        [scanner](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+        [scanner](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
             if (!file.empty())
-                Run(CNCTest_Dialog(file, parent));
+                Run(CNCTest_Dialog(file, parent), &host);
             else if (scanner->Open(parent))
                 CNCTest_Dialog(scanner->Take(), parent).exec();
         },
@@ -77,45 +80,45 @@ ViewerTable ProgramViewers()
         [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
             std::error_code ignored;
             const bool isFolder = std::filesystem::is_directory(file, ignored);
-            Run(COscilloscope_Dialog(file, isFolder, host, parent));
+            Run(COscilloscope_Dialog(file, isFolder, host, parent), &host);
         });
     viewers.Add("CNoiseTest_SM_Dialog",
-        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            Run(CNoiseTest_SM_Dialog(file, parent));
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
+            Run(CNoiseTest_SM_Dialog(file, parent), &host);
         });
-    viewers.Add(
-        "CView_LPF_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            Run(CView_LPF_Dialog(file, parent));
+    viewers.Add("CView_LPF_Dialog",
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
+            Run(CView_LPF_Dialog(file, parent), &host);
         });
     viewers.Add("CAdjustCenterCCD_Dialog",
-        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            Run(CAdjustCenterCCD_Dialog(file, parent));
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
+            Run(CAdjustCenterCCD_Dialog(file, parent), &host);
         });
     viewers.Add("CVerticalCameraVerification_Dialog",
-        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            Run(CVerticalCameraVerification_Dialog(file, parent));
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
+            Run(CVerticalCameraVerification_Dialog(file, parent), &host);
         });
     AddLiveTests(viewers);
-    viewers.Add(
-        "CPictureView_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            Run(CPictureView_Dialog(file, parent));
+    viewers.Add("CPictureView_Dialog",
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
+            Run(CPictureView_Dialog(file, parent), &host);
         });
     viewers.SetPictureViewer([](const MarkedPicture& picture, QWidget* parent) {
-        Run(CPictureView_Dialog(picture, parent));
+        Run(CPictureView_Dialog(picture, parent), nullptr);
     });
     viewers.Add("CTonalResolutionDialog",
-        [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
-            Run(CTonalResolutionDialog(file, parent));
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
+            Run(CTonalResolutionDialog(file, parent), &host);
         });
     viewers.Add("CStarTest_Dialog",
         [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
-            Run(CStarTest_Dialog(file, host, parent));
+            Run(CStarTest_Dialog(file, host, parent), &host);
         });
-    viewers.Add(
-        "CView_Stitch_Dialog", [](const std::filesystem::path& file, ViewerHost&, QWidget* parent) {
+    viewers.Add("CView_Stitch_Dialog",
+        [](const std::filesystem::path& file, ViewerHost& host, QWidget* parent) {
             CView_Stitch_Dialog dialog(file, parent);
             if (dialog.HasPicture())
-                Run(dialog);
+                Run(dialog, &host);
         });
     return viewers;
 }

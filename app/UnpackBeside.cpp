@@ -1,6 +1,5 @@
 #include "app/UnpackBeside.h"
 
-#include "app/FileMessage.h"
 #include "platform/Log.h"
 #include "platform/Message.h"
 #include "platform/Path.h"
@@ -9,6 +8,7 @@
 #include "resources/StringTable.h"
 #include "testfile/DumpUnpacker.h"
 #include "viewers/controls/CWait_Dialog.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/QtText.h"
 
 #include <algorithm>
@@ -53,7 +53,7 @@ bool UnpackBeside(const std::filesystem::path& dump, QWidget* parent)
 
     PackedDump packed;
     if (const DumpResult result = packed.Open(dump); result != DumpResult::Ok) {
-        ShowCannotOpen(dump,
+        TellCannotOpen(dump,
             result == DumpResult::CantOpen ? Describe(packed.FileFailure()) : Describe(result));
         return false;
     }

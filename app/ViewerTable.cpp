@@ -80,6 +80,12 @@ bool ViewerTable::UnpackDump(const std::filesystem::path& dump, QWidget* parent)
     return UnpackBeside(dump, parent);
 }
 
+void ViewerTable::FileShown(const std::filesystem::path& file)
+{
+    if (m_keepFile)
+        m_keepFile(file);
+}
+
 void ViewerTable::ShowNoViewer(std::string_view viewer, const std::filesystem::path& file)
 {
     std::string text = NoViewerText(viewer);

@@ -31,6 +31,11 @@ public:
     /// `prepare` may be empty: then there is nothing to get ready.
     void Add(std::string_view viewer, RunViewer run, PrepareViewer prepare = {});
     void SetPictureViewer(RunPictureViewer run) { m_runPictureViewer = std::move(run); }
+    /// Who is told of every file that a viewer shows.
+    void SetFileKeeper(std::function<void(const std::filesystem::path& file)> keep)
+    {
+        m_keepFile = std::move(keep);
+    }
     bool Has(std::string_view viewer) const;
     /// Gets a viewer ready that is opened without a file, in front of the window that opens it; to
     /// be called before this window makes way.
@@ -40,6 +45,7 @@ public:
         std::string_view viewer, const std::filesystem::path& file, QWidget* parent) override;
     bool OpenPicture(const MarkedPicture& picture, QWidget* parent) override;
     bool UnpackDump(const std::filesystem::path& dump, QWidget* parent) override;
+    void FileShown(const std::filesystem::path& file) override;
 
     /// Tells the user, in one message, that there is no such viewer yet.
     static void ShowNoViewer(std::string_view viewer, const std::filesystem::path& file);
@@ -54,6 +60,7 @@ private:
 
     std::vector<Row> m_rows;
     RunPictureViewer m_runPictureViewer;
+    std::function<void(const std::filesystem::path&)> m_keepFile;
 };
 
 /// Every viewer that this program has.

@@ -5,6 +5,7 @@
 #include "platform/Path.h"
 #include "scanner/ScannerChoice.h"
 #include "tests/TempFolder.h"
+#include "tests/viewers/AltLetters.h"
 #include "tests/viewers/DropFiles.h"
 
 #include <QApplication>
@@ -75,11 +76,16 @@ protected:
         setup.programFolder = m_folder.Path();
         for (const char* viewer : kViewers)
             setup.viewers.Add(
-                viewer, [this, viewer](const auto& file, ViewerHost&, QWidget* parent) {
+                viewer, [this, viewer](const auto& file, ViewerHost& host, QWidget* parent) {
                     const auto* dialog = qobject_cast<CViewerDlg*>(parent);
                     ASSERT_NE(dialog, nullptr);
                     m_opened.push_back({viewer, file, dialog->geometry(), dialog->FileToLoad(),
                         dialog->isVisible()});
+                    if (!file.empty() && !std::filesystem::is_directory(file))
+                        host.FileShown(file);
+                    RecentFiles list(m_folder.Path() / "state" / "recent.txt");
+                    EXPECT_EQ(list.Load(), FileStatus::Ok);
+                    m_listed = list.Files();
                 });
         return setup;
     }
@@ -139,6 +145,7 @@ protected:
     TempFolder m_folder;
     MessageRecorder m_messages;
     std::vector<Opened> m_opened;
+    std::vector<std::filesystem::path> m_listed; ///< In the file, while the last viewer was open.
 };
 
 const QRect kShrunk(5, 5, 1, 1);
@@ -549,6 +556,7 @@ TEST_F(CViewerDlgTest, ARecentFileOpensOnDoubleClickAndEnterAndMovesUp)
         auto* list = dialog.findChild<CRecentFilesList*>();
         ASSERT_EQ(list->count(), 2);
         EXPECT_EQ(list->item(0)->text(), "second.con");
+        ExpectDifferentLetters(dialog);
         const QPoint lower = list->visualItemRect(list->item(1)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, lower);
         EXPECT_EQ(m_opened.size(), 2U) << "One click only selects.";
@@ -573,6 +581,30 @@ TEST_F(CViewerDlgTest, AFileOfTheCommandLineIsListedNextTime)
         ASSERT_EQ(list->count(), 1);
         EXPECT_EQ(list->item(0)->text(), "earlier.con");
     });
+}
+
+TEST_F(CViewerDlgTest, AFileIsListedWhileItsViewerIsOpen)
+{
+    const auto file = m_folder.Write("open.con", WithTag("[MTF]"));
+    RunWithFile(file);
+    EXPECT_EQ(m_listed, std::vector<std::filesystem::path>{file});
+}
+
+TEST_F(CViewerDlgTest, AFileThatHasGoneIsMarkedOnceItCannotBeOpened)
+{
+    const auto gone = m_folder.Write("gone.con", WithTag("[MTF]"));
+    CViewerDlg dialog(MakeSetup());
+    const auto* const list = dialog.findChild<CRecentFilesList*>();
+    RunLauncher(
+        dialog,
+        [&] {
+            dialog.OpenAndStay(gone);
+            QTest::qWait(500); // The list has been looked through.
+            std::filesystem::remove(gone);
+            EXPECT_FALSE(list->IsMissing(0));
+            dialog.OpenAndStay(gone);
+        },
+        [&] { return list->IsMissing(0); });
 }
 
 TEST_F(CViewerDlgTest, WhatCannotBeOpenedIsNotListed)

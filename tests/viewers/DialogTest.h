@@ -66,7 +66,9 @@ inline void NameInNextFileDialog(
         if (before)
             before(dialog);
         auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setText(QStringFromPath(file));
+        // As typing does, this takes the selection from a file that is there.
+        name->selectAll();
+        name->insert(QStringFromPath(file));
         QTest::keyClick(name, Qt::Key_Return);
     });
 }

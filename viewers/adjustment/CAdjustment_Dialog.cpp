@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 namespace vireo {
 
@@ -82,11 +83,13 @@ void CAdjustment_Dialog::SetUpMenus()
     using Dialog = CAdjustment_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(
-        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
-    AddToFileMenu(
-        MakeAction(tr("Export &Table..."), tr("Ctrl+Shift+E"), this, &Dialog::OnExportHeader));
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
+    };
+    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
+    add(tr("Export &Table..."), tr("Ctrl+Shift+E"), &Dialog::OnExportHeader);
+    NeedsContent(m_ui->printButton);
     m_exportLine = MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine);
     AddToFileMenu(m_exportLine);
     AddHeaderToFileMenu();
@@ -99,12 +102,31 @@ void CAdjustment_Dialog::SetUpMenus()
 
 void CAdjustment_Dialog::ReadFile(const std::filesystem::path& path)
 {
-    const AdjustmentResult result = m_data.Read(path, m_kind);
-    m_iLine = 0;
-    ShowFile();
-    CheckLimits();
-    if (result != AdjustmentResult::Ok)
-        TellFileFailure(path, m_data.DescribeFailure(result));
+    AdjustmentData read;
+    const AdjustmentResult result = read.Read(path, m_kind);
+    const bool isRead = result == AdjustmentResult::Ok;
+    const std::string reason = read.DescribeFailure(result);
+    // A file that is refused leaves the one before on view.
+    if (isRead || !m_bLoaded) {
+        m_data = std::move(read);
+        m_bLoaded = isRead;
+        m_iLine = 0;
+        ShowFile();
+        ShownFileChanged();
+    }
+    if (!isRead)
+        RefuseFile(path, reason);
+}
+
+std::filesystem::path CAdjustment_Dialog::ShownFile() const
+{
+    return m_bLoaded ? m_data.Path() : std::filesystem::path();
+}
+
+std::string_view CAdjustment_Dialog::ShownKind() const
+{
+    return m_kind == AdjustmentKind::AdjustCenterCcd ? "adjust-center-ccd"
+                                                     : "vertical-camera-verification";
 }
 
 void CAdjustment_Dialog::ShowFile()
@@ -188,7 +210,7 @@ void CAdjustment_Dialog::OnZoomAll()
 void CAdjustment_Dialog::OnLoad()
 {
     const std::filesystem::path file = AskForFileToOpen(this,
-        {tr("Load"), QStringLiteral("Adjustment test (*.CON *.con);;All Files (*)")},
+        {tr("Load"), QStringLiteral("Adjustment test (*.con *.CON);;All Files (*)")},
         m_data.Path());
     if (!file.empty())
         ReadFile(file);
@@ -244,7 +266,7 @@ void CAdjustment_Dialog::OnExportHeader()
 {
     const std::filesystem::path target = AskForTable(tr("Export Table"));
     if (!target.empty())
-        TellFileFailure(target, ExportHeaderAsCsv(target, m_data.Rows()));
+        TellCannotSave(target, ExportHeaderAsCsv(target, m_data.Rows()));
 }
 
 /// The line shown; of a picture, the one in the middle of the view.
@@ -260,7 +282,7 @@ void CAdjustment_Dialog::OnExportLine()
 {
     const std::filesystem::path target = AskForTable(tr("Export Line"));
     if (!target.empty())
-        TellFileFailure(target, ExportAdjustmentAsCsv(target, m_data, LineToExport()));
+        TellCannotSave(target, ExportAdjustmentAsCsv(target, m_data, LineToExport()));
 }
 
 } // namespace vireo

@@ -34,7 +34,8 @@ protected:
     CAdjustment_Dialog(AdjustmentKind kind, const std::filesystem::path& file, QWidget* parent);
 
     void OnInitDialog() override;
-    std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    std::filesystem::path ShownFile() const override;
+    std::string_view ShownKind() const override;
 
 private:
     void SetUpControls();
@@ -58,6 +59,7 @@ private:
     std::unique_ptr<Ui::CAdjustment_Dialog> m_ui;
     AdjustmentKind m_kind;
     AdjustmentData m_data;
+    bool m_bLoaded = false; ///< A file was read.
     ProfileLine m_line;
     std::int64_t m_iLine = 0; ///< Shown of a profile, 0-based.
     ProfileUnit m_unit;

@@ -1,6 +1,8 @@
 #include "viewers/controls/CHeaderText_Dialog.h"
 
 #include "platform/Message.h"
+#include "platform/PositionalFile.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/Fonts.h"
 #include "viewers/controls/HeaderTable.h"
 #include "viewers/controls/QtText.h"
@@ -58,6 +60,9 @@ void CHeaderText_Dialog::OnCopy()
 
 void ShowFileHeader(const std::filesystem::path& file, QWidget* parent)
 {
+    // It may have gone since it was shown.
+    if (const FileStatus status = PositionalFile().Open(file); status != FileStatus::Ok)
+        return TellCannotOpen(file, Describe(status));
     const HeaderView view = ReadHeaderView(file);
     if (view.refusal.empty())
         CHeaderText_Dialog(view.text, parent, view.rows).exec();

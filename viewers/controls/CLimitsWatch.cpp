@@ -17,7 +17,7 @@ CLimitsWatch::CLimitsWatch(std::unique_ptr<ViewerLimits> limits, QWidget* window
       m_limits(std::move(limits)),
       m_window(window),
       m_badge(new QToolButton(window)),
-      m_choose(new QAction(tr("Choose &Limits..."), window)),
+      m_choose(new QAction(tr("Choose Li&mits..."), window)),
       m_clear(new QAction(tr("&No Limits"), window))
 {
     m_badge->setObjectName(QStringLiteral("verdictBadge"));
@@ -37,9 +37,9 @@ CLimitsWatch::~CLimitsWatch() = default;
 
 void CLimitsWatch::SetQuestion(const LimitsQuestion& question)
 {
-    const bool isOtherFile = question.file != m_question.file;
-    m_question = question;
-    if (isOtherFile)
+    LimitsQuestion before = std::exchange(m_question, question);
+    before.line = question.line;
+    if (before != question)
         Begin();
     else
         Continue();
@@ -57,7 +57,10 @@ void CLimitsWatch::Begin()
 /// One question at a time: where lines go by faster than they are judged, every answer is shown.
 void CLimitsWatch::Continue()
 {
-    m_bToAsk = !m_question.file.empty() && !m_limits->Chosen().empty();
+    const bool hasBoth = !m_question.file.empty() && !m_limits->Chosen().empty();
+    m_bToAsk = hasBoth && m_question.failure.empty();
+    if (hasBoth && !m_bToAsk)
+        Show({{}, std::nullopt, m_question.failure});
     if (m_bToAsk && !m_timer.isActive())
         m_timer.start(kMilliseconds);
 }
@@ -122,7 +125,7 @@ void CLimitsWatch::OnChoose()
         return;
     LimitsFile limits;
     if (const auto fault = limits.Read(file)) {
-        TellFileFailure(file, fault->Text());
+        TellCannotOpen(file, fault->Text());
         return;
     }
     m_limits->Choose(file);
@@ -145,8 +148,8 @@ void CLimitsWatch::FitActions()
         chosen.empty() ? tr("No limits are chosen") : tr("Limits: %1").arg(QStringFromPath(chosen));
     m_choose->setToolTip(tip);
     m_choose->setText(chosen.empty()
-            ? tr("Choose &Limits...")
-            : tr("Choose &Limits... (%1)")
+            ? tr("Choose Li&mits...")
+            : tr("Choose Li&mits... (%1)")
                   .arg(QStringFromPath(chosen.filename()).replace(QLatin1Char('&'), "&&")));
 }
 

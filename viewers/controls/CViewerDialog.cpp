@@ -1,11 +1,13 @@
 #include "viewers/controls/CViewerDialog.h"
 
 #include "platform/Message.h"
+#include "platform/Text.h"
 #include "resources/ControlIds.h"
 #include "resources/StringTable.h"
 #include "viewers/controls/CAboutDlg.h"
 #include "viewers/controls/CHeaderText_Dialog.h"
 #include "viewers/controls/CLimitsWatch.h"
+#include "viewers/controls/FileDialogs.h"
 #include "viewers/controls/Placement.h"
 #include "viewers/controls/QtText.h"
 #include "viewers/controls/Resources.h"
@@ -22,6 +24,7 @@
 #include <QUrl>
 
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #ifdef _WIN32
@@ -128,6 +131,33 @@ void CViewerDialog::AddToFileMenu(QAction* action)
     m_fileMenu->insertAction(m_fileMenuEnd, action);
 }
 
+void CViewerDialog::SetMenuTitles(const QString& view, const QString& help)
+{
+    ViewMenu().setTitle(view);
+    m_helpMenu->setTitle(help);
+}
+
+QAction* CViewerDialog::NeedsContent(QAction* command)
+{
+    m_needContent.push_back(command);
+    command->setEnabled(HasContent());
+    return command;
+}
+
+void CViewerDialog::NeedsContent(QWidget* button)
+{
+    m_needContent.push_back(button);
+    button->setEnabled(HasContent());
+}
+
+void CViewerDialog::FitCommands()
+{
+    for (QObject* command : m_needContent)
+        command->setProperty("enabled", HasContent());
+    if (QAction* const header = AcceleratorAction(CommandId::kShowHeader))
+        header->setEnabled(HasHeader());
+}
+
 void CViewerDialog::LoadAcceleratorTable(const char* name)
 {
     const auto table = LoadAcceleratorResource(QLatin1String(name));
@@ -165,6 +195,7 @@ void CViewerDialog::AddHeaderToFileMenu()
 {
     if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
         header->setText(tr("Show &Header"));
+        header->setEnabled(HasHeader());
         AddToFileMenu(header);
     }
 }
@@ -215,13 +246,57 @@ void CViewerDialog::UseLimits(std::unique_ptr<ViewerLimits> limits)
         m_menuBar->setCornerWidget(&m_limits->Badge());
         ShowLimits(m_limits->Answer().limits);
     });
-    CheckLimits();
+    ShownFileChanged();
 }
 
-void CViewerDialog::CheckLimits(std::int64_t line)
+void CViewerDialog::ShownFileChanged(std::int64_t line)
 {
+    const std::filesystem::path shown = ShownFile();
+    if (!shown.empty()) {
+        m_refusedFile.clear();
+        m_refusal.clear();
+    }
+    FitCommands();
+    ReportShownFile();
     if (m_limits)
-        m_limits->SetQuestion({ShownFile(), line});
+        m_limits->SetQuestion(
+            {shown.empty() ? m_refusedFile : shown, line, ShownKind(), m_refusal});
+}
+
+void CViewerDialog::ReportFiles(std::function<void(const std::filesystem::path& file)> report)
+{
+    m_report = std::move(report);
+    ReportShownFile();
+}
+
+void CViewerDialog::ReportShownFile()
+{
+    const std::filesystem::path shown = ShownFile();
+    if (!m_report || shown.empty() || shown == m_reportedFile || !IsChosenFile())
+        return;
+    m_reportedFile = shown;
+    m_report(shown);
+}
+
+void CViewerDialog::NoteRefusal(const std::filesystem::path& file, const std::string& reason)
+{
+    m_refusedFile = file;
+    m_refusal = reason;
+    ShownFileChanged();
+}
+
+namespace {
+/// Of a file without a byte there is no use in telling what kind it is not.
+constexpr const char* kEmptyFile = "The file is empty";
+} // namespace
+
+void CViewerDialog::RefuseFile(const std::filesystem::path& file, const std::string& reason)
+{
+    std::error_code error;
+    const bool isEmpty = std::filesystem::file_size(file, error) == 0 && !error;
+    const std::string told = isEmpty ? kEmptyFile : Utf8FromWindows1252(reason);
+    NoteRefusal(file, told);
+    TellCannotOpen(file, told);
 }
 
 void CViewerDialog::OnAbout()

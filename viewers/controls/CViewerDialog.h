@@ -8,6 +8,8 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 class QMenu;
@@ -34,6 +36,10 @@ public:
     /// the end of the menu bar shows the verdict, and the file menu offers to choose limits.
     void UseLimits(std::unique_ptr<ViewerLimits> limits);
 
+    /// Reports every file that comes on view from now on, and at once the one that is: to be listed
+    /// with the files opened last.
+    void ReportFiles(std::function<void(const std::filesystem::path& file)> report);
+
     /// The name of the accelerator table of all viewers.
     static constexpr const char* kAcceleratorTable = "IDR_ACCELERATOR_VIREO";
 
@@ -46,8 +52,18 @@ protected:
     /// Menus that a dialog may add its actions to. They appear in this order, and the view menu
     /// only when somebody asks for it. The file menu ends with "E&xit": use AddToFileMenu.
     QMenu& ViewMenu();
-    QMenu& HelpMenu() { return *m_helpMenu; }
     void AddToFileMenu(QAction* action);
+    /// For letters that the dialog's buttons have.
+    void SetMenuTitles(const QString& view, const QString& help);
+
+    /// Offers a command only while there is something on view that it can work on.
+    QAction* NeedsContent(QAction* command);
+    void NeedsContent(QWidget* button);
+    virtual bool HasContent() const { return !ShownFile().empty(); }
+    virtual bool HasHeader() const { return !ShownFile().empty(); }
+    /// Offers the commands that can do something now; needed where the content changes without
+    /// another file being shown.
+    void FitCommands();
 
     /// An action of this dialog with keys (or none), to be put into a menu, which calls a member
     /// function of the receiver, or a function object.
@@ -72,8 +88,10 @@ protected:
     /// of ShownFile().
     virtual void OnAcceleratorCommand(int command);
 
-    /// The file on view, whose header can be shown; empty for none.
+    /// The file on view, whose header can be shown; empty for none, also where one was refused.
     virtual std::filesystem::path ShownFile() const { return {}; }
+    /// As what that file has been read, as the command line writes it; empty: as what it says.
+    virtual std::string_view ShownKind() const { return {}; }
     /// Puts "Show &Header" into the file menu.
     void AddHeaderToFileMenu();
 
@@ -81,8 +99,16 @@ protected:
     /// been let go.
     void TakeDroppedFiles(std::function<void(const std::filesystem::path& file)> take);
 
+    /// The user has chosen the file on view by itself, not as one of a set.
+    virtual bool IsChosenFile() const { return true; }
+
     /// Another file is on view, or another line (0-based) of it: its figures are to be checked.
-    void CheckLimits(std::int64_t line = 0);
+    void ShownFileChanged(std::int64_t line = 0);
+    /// A file could not be read: tells so. Where no other file stays on view, the verdict says it
+    /// too. `reason` is 8-bit text.
+    void RefuseFile(const std::filesystem::path& file, const std::string& reason);
+    /// The same for a dialog that tells it in its own way; `reason` is UTF-8.
+    void NoteRefusal(const std::filesystem::path& file, const std::string& reason);
     /// Marks the limits that hold for the file on view, none when nobody has chosen any.
     virtual void ShowLimits(const std::vector<Limit>&) { }
 
@@ -100,14 +126,20 @@ protected:
 
 private:
     void AddAboutCommand();
+    void ReportShownFile();
 
     QMenuBar* m_menuBar;
     QMenu* m_fileMenu;
     QMenu* m_viewMenu = nullptr;
     QMenu* m_helpMenu;
-    CLimitsWatch* m_limits = nullptr; ///< Null until limits are used.
-    QAction* m_fileMenuEnd = nullptr; ///< What the dialog's own actions stand above.
+    CLimitsWatch* m_limits = nullptr;    ///< Null until limits are used.
+    std::filesystem::path m_refusedFile; ///< Empty while a file is on view.
+    std::string m_refusal;               ///< Why, UTF-8.
+    QAction* m_fileMenuEnd = nullptr;    ///< What the dialog's own actions stand above.
     std::map<int, QAction*> m_accelerators;
+    std::vector<QObject*> m_needContent; ///< Actions and widgets.
+    std::function<void(const std::filesystem::path&)> m_report;
+    std::filesystem::path m_reportedFile;
     std::function<void(const std::filesystem::path&)> m_takeDropped;
 };
 

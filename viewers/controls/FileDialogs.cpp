@@ -3,10 +3,11 @@
 #include "platform/KnownFolders.h"
 #include "platform/Message.h"
 #include "platform/Path.h"
-#include "platform/Text.h"
 #include "viewers/controls/QtText.h"
 
 #include <QFileDialog>
+
+#include <string>
 
 namespace vireo {
 
@@ -24,10 +25,15 @@ std::filesystem::path StartFolder(const FileQuestion& question, const std::files
         : FolderForDialog(SystemSettingsFolders(), KeptFolders(), question.place);
 }
 
-std::filesystem::path Ask(QFileDialog& dialog, const FileQuestion& question)
+/// Before a name is proposed: a filter that is chosen afterwards would give it its own extension.
+void Prepare(QFileDialog& dialog, const FileQuestion& question)
 {
     dialog.setNameFilters(question.filter.split(QStringLiteral(";;")));
     dialog.setDefaultSuffix(question.defaultExtension);
+}
+
+std::filesystem::path Ask(QFileDialog& dialog, const FileQuestion& question)
+{
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     std::filesystem::path chosen = PathFromQString(dialog.selectedFiles().front());
@@ -42,6 +48,7 @@ std::filesystem::path AskForFileToOpen(
 {
     QFileDialog dialog(parent, question.title, QStringFromPath(StartFolder(question, current)));
     dialog.setFileMode(QFileDialog::ExistingFile);
+    Prepare(dialog, question);
     return Ask(dialog, question);
 }
 
@@ -51,19 +58,38 @@ std::filesystem::path AskForFileToSave(
     QFileDialog dialog(parent, question.title, QStringFromPath(StartFolder(question, proposed)));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    Prepare(dialog, question);
     dialog.selectFile(QStringFromPath(proposed.filename()));
     return Ask(dialog, question);
 }
 
-void TellFileFailure(const std::filesystem::path& file, std::string_view reason)
+namespace {
+
+void Tell(std::string_view what, const std::filesystem::path& file, std::string_view reason)
 {
-    ShowMessageInUtf8(ShownPath(file) + '\n' + Utf8FromWindows1252(reason));
+    std::string text(what);
+    text.append(ShownPath(file)).append("\n\n").append(reason);
+    if (!text.ends_with('.'))
+        text += '.';
+    ShowMessageInUtf8(text);
 }
 
-void TellFileFailure(const std::filesystem::path& file, FileStatus status)
+} // namespace
+
+void TellCannotOpen(const std::filesystem::path& file, std::string_view reason)
+{
+    Tell("Vireo cannot open this file:\n", file, reason);
+}
+
+void TellCannotSave(const std::filesystem::path& file, FileStatus status)
 {
     if (status != FileStatus::Ok)
-        TellFileFailure(file, Describe(status));
+        Tell("Vireo cannot save this file:\n", file, Describe(status));
+}
+
+void TellFileFault(const std::filesystem::path& file, std::string_view reason)
+{
+    Tell({}, file, reason);
 }
 
 } // namespace vireo

@@ -35,9 +35,14 @@ std::filesystem::path AskForFileToOpen(
 std::filesystem::path AskForFileToSave(
     QWidget* parent, const FileQuestion& question, const std::filesystem::path& proposed);
 
-/// Tells that a file could not be read or written and why.
-void TellFileFailure(const std::filesystem::path& file, std::string_view reason);
-/// The same with the status' text; says nothing when it is Ok.
-void TellFileFailure(const std::filesystem::path& file, FileStatus status);
+// Messages about a file, which name it and say what failed and why. A reason is a sentence without
+// its full stop, in UTF-8.
+
+/// Nothing of the file can be shown.
+void TellCannotOpen(const std::filesystem::path& file, std::string_view reason);
+/// The file was not written; says nothing when the status is Ok.
+void TellCannotSave(const std::filesystem::path& file, FileStatus status);
+/// Something is wrong with a file that is on view.
+void TellFileFault(const std::filesystem::path& file, std::string_view reason);
 
 } // namespace vireo

@@ -27,6 +27,9 @@ public:
     /// tells the user what has been left out. False when there is nothing new to show: nothing
     /// could be unpacked, which the user has been told, or the user has cancelled it.
     virtual bool UnpackDump(const std::filesystem::path& dump, QWidget* parent) = 0;
+
+    /// A viewer shows a file that the user has chosen.
+    virtual void FileShown(const std::filesystem::path& /*file*/) { }
 };
 
 } // namespace vireo

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vireo {
@@ -15,6 +16,11 @@ namespace vireo {
 struct LimitsQuestion {
     std::filesystem::path file;
     std::int64_t line = 0; ///< 0-based; in kinds that have lines, the one that is judged.
+    /// As what the viewer has read the file, as the command line writes it: "noise"; empty: as what
+    /// its first bytes say. A view into a constant.
+    std::string_view kind = {};
+    /// Why nothing of the file is on view, in UTF-8; then there is nothing to judge.
+    std::string failure = {};
 
     bool operator==(const LimitsQuestion&) const = default;
 };

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace vireo {
 
@@ -21,7 +22,7 @@ namespace {
 
 QString ProfileFilter()
 {
-    return QStringLiteral("Light profile (*.CON *.con);;All Files (*)");
+    return QStringLiteral("Light profile (*.con *.CON);;All Files (*)");
 }
 
 } // namespace
@@ -123,12 +124,14 @@ void CView_LPF_Dialog::SetUpMenus()
     using Dialog = CView_LPF_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(
-        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
-    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
-    AddToFileMenu(
-        MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), this, &Dialog::OnSavePicture));
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
+    };
+    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
+    add(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine);
+    add(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture);
+    NeedsContent(m_ui->printButton);
     AddHeaderToFileMenu();
     ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), this, [this] { OnZoom(1); }));
     ViewMenu().addAction(MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), this, [this] { OnZoom(-1); }));
@@ -140,14 +143,27 @@ void CView_LPF_Dialog::SetUpMenus()
 
 void CView_LPF_Dialog::ReadFile(const std::filesystem::path& path)
 {
-    const LightProfileResult result = m_data.Read(path);
-    m_line = 0;
-    FitDialogToFile();
-    CheckLimits();
-    if (result != LightProfileResult::Ok)
-        TellFileFailure(path, m_data.DescribeFailure(result));
+    LightProfileData read;
+    const LightProfileResult result = read.Read(path);
+    const bool isRead = result == LightProfileResult::Ok;
+    const std::string reason = read.DescribeFailure(result);
+    // A file that is refused leaves the one before on view.
+    if (isRead || !m_bLoaded) {
+        m_data = std::move(read);
+        m_bLoaded = isRead;
+        m_line = 0;
+        FitDialogToFile();
+        ShownFileChanged();
+    }
+    if (!isRead)
+        RefuseFile(path, reason);
     else if (!m_data.Complaint().empty())
-        TellFileFailure(path, m_data.Complaint());
+        TellFileFault(path, m_data.Complaint());
+}
+
+std::filesystem::path CView_LPF_Dialog::ShownFile() const
+{
+    return m_bLoaded ? m_data.Path() : std::filesystem::path();
 }
 
 void CView_LPF_Dialog::FitDialogToFile()
@@ -287,7 +303,7 @@ void CView_LPF_Dialog::OnExportLine()
     const std::filesystem::path target =
         AskForTarget(tr("Export Line"), tr("Table (*.csv)"), QStringLiteral("csv"));
     if (!target.empty())
-        TellFileFailure(target,
+        TellCannotSave(target,
             ExportSamplesAsCsv(
                 target, m_data.Lines(), m_data.Cameras(), m_data.FirstShown(), m_line));
 }
@@ -297,7 +313,7 @@ void CView_LPF_Dialog::OnSavePicture()
     const std::filesystem::path target =
         AskForTarget(tr("Save Picture"), tr("Picture (*.png)"), QStringLiteral("png"));
     if (!target.empty())
-        TellFileFailure(target, m_plots->SavePicture(target, HeaderLines()));
+        TellCannotSave(target, m_plots->SavePicture(target, HeaderLines()));
 }
 
 /// Zooms the overview about the middle of what it shows.

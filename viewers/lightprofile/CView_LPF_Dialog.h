@@ -34,7 +34,8 @@ public:
 
 protected:
     void OnInitDialog() override;
-    std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    std::filesystem::path ShownFile() const override;
+    std::string_view ShownKind() const override { return "light-profile"; }
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -67,6 +68,7 @@ private:
 
     std::unique_ptr<Ui::CView_LPF_Dialog> m_ui;
     LightProfileData m_data;
+    bool m_bLoaded = false; ///< A file was read.
     std::unique_ptr<ProfilePlots> m_plots;
     std::int64_t m_line = 0; ///< Shown, 0-based.
     ProfileUnit m_unit;

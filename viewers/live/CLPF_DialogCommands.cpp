@@ -25,7 +25,7 @@ void CLPF_Dialog::OnInitDialog()
     ViewMenu().addAction(
         MakeAction(tr("&Whole Line"), tr("Ctrl+0"), m_ui->overviewPlot, &CLPFControle::ZoomAll));
     // Alt+H is the light profile's, as in the oscilloscope.
-    HelpMenu().setTitle(tr("Help"));
+    SetMenuTitles(tr("&View"), tr("H&elp"));
 }
 
 void CLPF_Dialog::SetUpColours()
@@ -90,13 +90,13 @@ void CLPF_Dialog::SetUpCommands()
 void CLPF_Dialog::OnSave()
 {
     const FileQuestion question{
-        tr("Save"), QStringLiteral("Light profile (*.CON *.con);;All Files (*)")};
+        tr("Save"), QStringLiteral("Light profile (*.con *.CON);;All Files (*)")};
     const std::filesystem::path target = AskForFileToSave(this, question, "LightProfile.con");
     if (target.empty())
         return;
     const LightProfileRecord record =
         LiveRecord(m_scanner->Identity(), m_scanner->Values(), CDateTime::Now());
-    TellFileFailure(target, WriteLightProfile(target, record, {&m_line, 1}));
+    TellCannotSave(target, WriteLightProfile(target, record, {&m_line, 1}));
 }
 
 std::vector<std::string> CLPF_Dialog::HeaderLines() const

@@ -20,7 +20,7 @@ constexpr ShownColour kPlanes[] = {
 
 QString NoiseFilter()
 {
-    return QStringLiteral("Noise file (*.CON *.con);;*_STI.CON) (*_sti.con *_STI.CON);;"
+    return QStringLiteral("Noise file (*.con *.CON);;*_STI.CON) (*_sti.con *_STI.CON);;"
                           "All Files (*)");
 }
 
@@ -67,10 +67,13 @@ void CNoiseBase_Dialog::SetUpMenus()
     using Dialog = CNoiseBase_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
-    AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
+    };
+    add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
+    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
+    add(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine);
     AddHeaderToFileMenu();
     CNoiseTestControl* const plot = m_widgets.plot;
     ViewMenu().addAction(
@@ -89,9 +92,15 @@ void CNoiseBase_Dialog::ReadFile(const std::filesystem::path& path)
     ShowRecord();
     m_widgets.fileText->setText(QStringFromPath(path.filename()));
     m_widgets.fileText->setToolTip(QStringFromPath(path));
-    CheckLimits();
-    if (!m_bLoaded)
-        TellFileFailure(path, m_data.DescribeFailure(result));
+    if (m_bLoaded)
+        ShownFileChanged();
+    else
+        RefuseFile(path, m_data.DescribeFailure(result));
+}
+
+std::filesystem::path CNoiseBase_Dialog::ShownFile() const
+{
+    return m_bLoaded ? m_data.Path() : std::filesystem::path();
 }
 
 void CNoiseBase_Dialog::ShowLimits(const std::vector<Limit>& limits)
@@ -115,6 +124,7 @@ void CNoiseBase_Dialog::ShowRecord()
     } else {
         m_widgets.plot->SetData(&m_data);
         FitPlanes();
+        FitCommands();
     }
     ShowFigures();
 }
@@ -154,7 +164,7 @@ void CNoiseBase_Dialog::OnSave()
     const std::filesystem::path target = AskForFileToSave(
         this, {tr("Save"), NoiseFilter()}, m_data.Path().parent_path() / "Noise.con");
     if (!target.empty())
-        TellFileFailure(target, m_data.Save(target));
+        TellCannotSave(target, m_data.Save(target));
 }
 
 void CNoiseBase_Dialog::OnExportLine()
@@ -165,7 +175,7 @@ void CNoiseBase_Dialog::OnExportLine()
     const std::filesystem::path target = AskForFileToSave(
         this, {tr("Export Line"), tr("Table (*.csv)"), QStringLiteral("csv")}, proposed);
     if (!target.empty())
-        TellFileFailure(target, ExportNoiseAsCsv(target, m_data));
+        TellCannotSave(target, ExportNoiseAsCsv(target, m_data));
 }
 
 void CNoiseBase_Dialog::OnPrint()

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class QAbstractButton;
@@ -38,7 +39,10 @@ protected:
     void SetUpWidgets(const Widgets& widgets);
 
     void OnInitDialog() override;
-    std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    std::filesystem::path ShownFile() const override;
+    /// A line that was taken from a scanner is one, too.
+    bool HasContent() const override { return m_data.m_iLineLength > 0; }
+    std::string_view ShownKind() const override { return "noise"; }
     void ShowLimits(const std::vector<Limit>& limits) override;
 
     /// Reads a file and shows it. What cannot be read is told and leaves an empty plot.

@@ -40,6 +40,7 @@ void CNoiseTest_SM_Dialog::OnInitDialog()
     // Saving is left to the menu, and a rescan needs a scanner.
     m_ui->saveButton->hide();
     m_ui->rescanButton->hide();
+    NeedsContent(m_ui->printButton);
     const PositionUnit unit = ReadUnitSetting();
     UnitButton(unit).setChecked(true);
     m_ui->plot->SetUnit(unit);

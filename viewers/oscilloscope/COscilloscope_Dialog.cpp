@@ -119,6 +119,7 @@ void COscilloscope_Dialog::ReadFile()
     Log_Msg(TextFromQString(QStringFromPath(m_path)));
     m_timer.stop();
     const OscilloscopeResult result = m_data.Read(m_path);
+    m_bLoaded = result == OscilloscopeResult::Ok;
     switch (result) {
     case OscilloscopeResult::Ok:
         TellMissingItems();
@@ -166,7 +167,12 @@ void COscilloscope_Dialog::TellMissingItems()
 
 void COscilloscope_Dialog::TellFailure(OscilloscopeResult result)
 {
-    TellFileFailure(m_path, m_data.DescribeFailure(result));
+    RefuseFile(m_path, m_data.DescribeFailure(result));
+}
+
+std::filesystem::path COscilloscope_Dialog::ShownFile() const
+{
+    return m_bLoaded ? m_data.Path() : std::filesystem::path();
 }
 
 /// Unpacks m_path and goes over to the files of its folder.
@@ -281,7 +287,7 @@ void COscilloscope_Dialog::ShowLine()
     m_ui->lineText->setText(
         QStringFromText(LineText(m_animation.CurrentLine(), m_animation.LineCount())));
     ShowFocus();
-    CheckLimits(m_animation.CurrentLine());
+    ShownFileChanged(m_animation.CurrentLine());
     if (complete)
         return;
     // Somebody has shortened the file; told where it does not stop the user every 100 ms.

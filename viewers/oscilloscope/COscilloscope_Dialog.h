@@ -56,7 +56,9 @@ public:
 protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
-    std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    std::filesystem::path ShownFile() const override;
+    bool IsChosenFile() const override { return !m_bUseHPDirectory; }
+    std::string_view ShownKind() const override { return m_data.IsMtf() ? "mtf" : "oscilloscope"; }
     void ShowLimits(const std::vector<Limit>& limits) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -124,6 +126,7 @@ private:
     bool m_bUseHPDirectory;
     bool m_bDrawingReady = false;
     bool m_bHandedOver = false;
+    bool m_bLoaded = false; ///< A file was read.
     OscilloscopeData m_data;
     std::unique_ptr<ProfilePlots> m_plots;
     QAction* m_loadAction = nullptr;

@@ -60,15 +60,20 @@ void COscilloscope_Dialog::SetUpMenus()
     m_loadAction = MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad);
     AddToFileMenu(m_loadAction);
     TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(
-        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
-    AddToFileMenu(MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine));
-    AddToFileMenu(
-        MakeAction(tr("&Save Picture..."), tr("Ctrl+Shift+S"), this, &Dialog::OnSavePicture));
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
+    };
+    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
+    add(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine);
+    add(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture);
+    NeedsContent(m_ui->printButton);
     AddHeaderToFileMenu();
-    // Alt+H has always been the light profile's.
-    HelpMenu().setTitle(tr("Help"));
+    ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), this, [this] { OnZoom(1); }));
+    ViewMenu().addAction(MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), this, [this] { OnZoom(-1); }));
+    ViewMenu().addAction(MakeAction(tr("&Whole Line"), tr("Ctrl+0"), this, &Dialog::OnZoomAll));
+    // Alt+H has always been the light profile's, and Alt+V the vertical positioning's.
+    SetMenuTitles(tr("Vie&w"), tr("H&elp"));
 }
 
 void COscilloscope_Dialog::OnAcceleratorCommand(int command)
@@ -213,7 +218,7 @@ void COscilloscope_Dialog::OnExportLine()
     const std::filesystem::path target =
         AskForTarget(tr("Export Line"), tr("Table (*.csv)"), QStringLiteral("csv"));
     if (!target.empty())
-        TellFileFailure(target, ExportLineAsCsv(target, m_data, m_animation.CurrentLine()));
+        TellCannotSave(target, ExportLineAsCsv(target, m_data, m_animation.CurrentLine()));
     RunTimer();
 }
 
@@ -225,7 +230,7 @@ void COscilloscope_Dialog::OnSavePicture()
     const std::filesystem::path target =
         AskForTarget(tr("Save Picture"), tr("Picture (*.png)"), QStringLiteral("png"));
     if (!target.empty())
-        TellFileFailure(
+        TellCannotSave(
             target, m_plots->SavePicture(target, PrintedHeaderLines(m_data, m_plots->Shown())));
     RunTimer();
 }

@@ -113,12 +113,17 @@ void CPictureView_Dialog::SetUpMenus()
     using Dialog = CPictureView_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
-    AddToFileMenu(MakeAction(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave));
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(MakeAction(tr("&Export Row..."), tr("Ctrl+E"), this, &Dialog::OnExportRow));
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
+    };
+    add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
+    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
+    add(tr("&Export Row..."), tr("Ctrl+E"), &Dialog::OnExportRow);
+    NeedsContent(m_ui->printButton);
     if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
         header->setText(tr("Picture &Information"));
+        header->setEnabled(HasHeader());
         AddToFileMenu(header);
     }
     using Plot = CPictureView_Control;
@@ -148,7 +153,8 @@ void CPictureView_Dialog::OnAcceleratorCommand(int command)
 
 std::filesystem::path CPictureView_Dialog::ShownFile() const
 {
-    return Picture().Path();
+    const bool hasPicture = Picture().Holding() != PictureHolding::Nowhere;
+    return hasPicture ? Picture().Path() : std::filesystem::path();
 }
 
 // Files.
@@ -163,10 +169,11 @@ void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint3
     m_ui->fileText->setText(QStringFromPath(Picture().Path().filename()));
     m_ui->fileText->setToolTip(QStringFromPath(Picture().Path()));
     ShowFacts();
-    CheckLimits();
+    ShownFileChanged();
     if (result != ImageResult::Ok) {
+        NoteRefusal(Picture().Path(), std::string(Describe(result)));
         ShowLoading(false);
-        Tell(result);
+        TellLater([path = Picture().Path(), result] { TellCannotOpen(path, Describe(result)); });
     } else if (m_loader.Wait(kShownAtOnce)) {
         OnLoaded();
     } else {
@@ -201,7 +208,7 @@ void CPictureView_Dialog::OnLoaded()
 void CPictureView_Dialog::Tell(ImageResult result)
 {
     if (result != ImageResult::Ok)
-        TellLater([path = Picture().Path(), result] { TellFileFailure(path, Describe(result)); });
+        TellLater([path = Picture().Path(), result] { TellFileFault(path, Describe(result)); });
 }
 
 /// Messages come over the window that shows what there is, even when it is being opened only now.
@@ -235,7 +242,6 @@ void CPictureView_Dialog::ShowFacts()
     // A file that lacks rows would only come to the same fault.
     m_ui->saveButton->setEnabled(
         hasPicture && (m_loader.IsRunning() || Picture().RowsResult() == ImageResult::Ok));
-    m_ui->printButton->setEnabled(hasPicture);
     // A layout does not count wrapped lines into its smallest height.
     m_ui->pictureGroup->updateGeometry();
     QWidget& panel = *m_ui->sidePanel;
@@ -309,6 +315,12 @@ void CPictureView_Dialog::OnLoad()
 
 void CPictureView_Dialog::LoadFile(const std::filesystem::path& file)
 {
+    // A file that is refused leaves the one before on view.
+    if (!ShownFile().empty()) {
+        const ImageResult result = PictureData().Open(file, 1);
+        if (result != ImageResult::Ok)
+            return RefuseFile(file, std::string(Describe(result)));
+    }
     m_ui->plot->SetMarks({});
     ReadFile(file, 1);
 }

@@ -40,6 +40,7 @@ protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
     std::filesystem::path ShownFile() const override;
+    std::string_view ShownKind() const override { return "tiff"; }
 
 private:
     using Command = void (CPictureView_Dialog::*)();

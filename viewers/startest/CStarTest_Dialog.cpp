@@ -28,7 +28,7 @@ constexpr DialogPlace kPlace{"F24", "StarTest"};
 
 QString StarTestFilter()
 {
-    return QStringLiteral("Star test file (*.CON *.con);;All Files (*)");
+    return QStringLiteral("Star test file (*.con *.CON);;All Files (*)");
 }
 
 } // namespace
@@ -88,9 +88,13 @@ void CStarTest_Dialog::SetUpMenus()
     using Plot = CA2_StarTest_Control;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
-    AddToFileMenu(MakeAction(tr("&Export Sweep..."), tr("Ctrl+E"), this, &Dialog::OnExportSweep));
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
+    };
+    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
+    add(tr("&Export Sweep..."), tr("Ctrl+E"), &Dialog::OnExportSweep);
+    NeedsContent(m_ui->printButton);
     AddHeaderToFileMenu();
     ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));
     ViewMenu().addAction(MakeAction(tr("Zoom &Out"), tr("Ctrl+-"), m_ui->plot, &Plot::ZoomOut));
@@ -120,13 +124,13 @@ void CStarTest_Dialog::ReadFile(const std::filesystem::path& path)
     if (!isComplete)
         return;
     if (result != StarTestResult::Ok) {
-        TellFileFailure(path, read.DescribeFailure(result));
+        RefuseFile(path, read.DescribeFailure(result));
         return;
     }
     m_data = std::move(read);
     ShowData();
     if (!m_data.HasLines())
-        TellFileFailure(path, "No sweep of the star test has any lines");
+        TellFileFault(path, "No sweep of the star test has any lines");
 }
 
 void CStarTest_Dialog::ShowData()
@@ -134,7 +138,7 @@ void CStarTest_Dialog::ShowData()
     m_ui->plot->ShowData();
     m_ui->fileText->setText(QStringFromPath(m_data.Path().filename()));
     m_ui->fileText->setToolTip(QStringFromPath(m_data.Path()));
-    CheckLimits();
+    ShownFileChanged();
     ShowSweep();
 }
 
@@ -198,7 +202,7 @@ void CStarTest_Dialog::OnExportSweep()
     const std::filesystem::path target = AskForFileToSave(
         this, {tr("Export Sweep"), tr("Table (*.csv)"), QStringLiteral("csv"), kPlace}, proposed);
     if (!target.empty())
-        TellFileFailure(target, ExportSweepAsCsv(target, *sweep));
+        TellCannotSave(target, ExportSweepAsCsv(target, *sweep));
 }
 
 void CStarTest_Dialog::PrepareToPrint()

@@ -27,6 +27,7 @@ public:
 protected:
     void OnInitDialog() override;
     std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    std::string_view ShownKind() const override { return "startest"; }
     void ShowLimits(const std::vector<Limit>& limits) override;
 
 private:

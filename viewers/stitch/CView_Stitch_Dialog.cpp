@@ -22,7 +22,7 @@ constexpr const char* kDocumentName = "Printing Stitching Picture";
 
 QString StitchFilter()
 {
-    return QStringLiteral("Stitch file (*.CON *.con);;*_STI.CON) (*_sti.con *_STI.CON);;"
+    return QStringLiteral("Stitch file (*.con *.CON);;*_STI.CON) (*_sti.con *_STI.CON);;"
                           "All Files (*)");
 }
 
@@ -71,7 +71,8 @@ void CView_Stitch_Dialog::SetUpMenus()
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
     AddToFileMenu(MakeAction(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint));
-    AddToFileMenu(MakeAction(tr("Print Pre&view..."), {}, this, &Dialog::OnPrintPreview));
+    AddToFileMenu(
+        MakeAction(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview));
     AddToFileMenu(
         MakeAction(tr("&Export Columns..."), tr("Ctrl+E"), this, &Dialog::OnExportColumns));
     AddHeaderToFileMenu();
@@ -94,7 +95,7 @@ bool CView_Stitch_Dialog::ReadFile(const std::filesystem::path& path)
     wait.Run([&](WorkProgress& progress) { result = read.Read(path, progress); });
     if (result != StitchResult::Ok) {
         if (result != StitchResult::Cancelled)
-            TellFileFailure(path, read.DescribeFailure(result));
+            RefuseFile(path, read.DescribeFailure(result));
         return false;
     }
     for (const std::string& complaint : read.Complaints())
@@ -110,7 +111,7 @@ void CView_Stitch_Dialog::ShowFile()
     m_ui->fileText->setText(QStringFromPath(m_data.Path().filename()) + QStringLiteral("    ")
         + QStringFromText(PictureText(m_data)));
     m_ui->fileText->setToolTip(QStringFromPath(m_data.Path()));
-    CheckLimits();
+    ShownFileChanged();
 }
 
 bool CView_Stitch_Dialog::OnLoad()
@@ -139,7 +140,7 @@ void CView_Stitch_Dialog::OnPrintPreview()
 void CView_Stitch_Dialog::OnExportColumns()
 {
     if (!m_data.IsWorkable() || m_data.Picture()->Height() == 0)
-        return TellFileFailure(m_data.Path(), kNotWorkable);
+        return TellFileFault(m_data.Path(), kNotWorkable);
     std::filesystem::path proposed = m_data.Path();
     proposed.replace_extension(".csv");
     const std::filesystem::path target = AskForFileToSave(
@@ -153,7 +154,7 @@ void CView_Stitch_Dialog::OnExportColumns()
     CWait_Dialog wait(tr("Export Columns"), tr("Please wait while exporting"),
         CWait_Dialog::Cancelling::NotOffered, this);
     wait.Run([&](WorkProgress&) { status = ExportStitchAsCsv(target, m_data, row); });
-    TellFileFailure(target, status);
+    TellCannotSave(target, status);
 }
 
 void CView_Stitch_Dialog::OnPointer(std::optional<PicturePixel> pixel)

@@ -32,6 +32,7 @@ public:
 protected:
     void OnInitDialog() override;
     std::filesystem::path ShownFile() const override { return m_data.Path(); }
+    std::string_view ShownKind() const override { return "stitch"; }
 
 private:
     void SetUpControls();

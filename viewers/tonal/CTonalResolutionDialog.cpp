@@ -16,6 +16,7 @@
 #include <QMenu>
 
 #include <algorithm>
+#include <utility>
 
 namespace vireo {
 
@@ -102,15 +103,17 @@ void CTonalResolutionDialog::SetUpMenus()
 {
     using Dialog = CTonalResolutionDialog;
     const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(MakeAction(text, keys, this, run));
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
     };
-    add(tr("&Load..."), tr("Ctrl+O"), &Dialog::OnLoad);
+    AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
     add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
     add(tr("&Copy"), tr("Ctrl+C"), &Dialog::OnCopy);
     add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), {}, &Dialog::OnPrintPreview);
+    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
     add(tr("&Export Values..."), tr("Ctrl+E"), &Dialog::OnExport);
+    for (QAbstractButton* const button : {m_ui->saveButton, m_ui->copyButton, m_ui->printButton})
+        NeedsContent(button);
     struct Row {
         int command;
         QString text;
@@ -176,14 +179,22 @@ void CTonalResolutionDialog::ReadFile(const std::filesystem::path& path)
 {
     m_ui->plot->SetLoading(true);
     m_ui->plot->repaint();
-    const TonalOpening opening = OpenTonalFile(path, m_data);
+    TonalResolutionData read;
+    const TonalOpening opening = OpenTonalFile(path, read);
+    const bool isRefused = opening.result != TonalResult::Ok;
+    const std::string reason = read.DescribeFailure(opening.result);
+    // A file that is refused leaves the one before on view.
+    if (!isRefused || !m_data.IsLoaded())
+        m_data = std::move(read);
     m_ui->plot->SetLoading(false);
     ShowFile();
     ShowNotice(opening.notice);
-    if (!opening.notice.empty() && opening.result != TonalResult::Ok)
+    if (isRefused && !opening.notice.empty()) {
+        NoteRefusal(path, opening.notice);
         ShowMessageInUtf8(ShownPath(path) + '\n' + opening.notice);
-    else if (opening.result != TonalResult::Ok)
-        TellFileFailure(path, m_data.DescribeFailure(opening.result));
+    } else if (isRefused) {
+        RefuseFile(path, reason);
+    }
 }
 
 std::filesystem::path CTonalResolutionDialog::ShownFile() const
@@ -203,8 +214,7 @@ void CTonalResolutionDialog::ShowFile()
             ? QStringFromPath(m_data.m_FileName.filename()) + QStringFromText(identity)
             : QString());
     m_ui->fileText->setToolTip(isLoaded ? QStringFromPath(m_data.m_FileName) : QString());
-    m_ui->saveButton->setEnabled(isLoaded);
-    CheckLimits();
+    ShownFileChanged();
 }
 
 void CTonalResolutionDialog::ShowLimits(const std::vector<Limit>& limits)
@@ -291,7 +301,7 @@ void CTonalResolutionDialog::OnExport()
     const std::filesystem::path target = AskForFileToSave(
         this, {tr("Export Values"), tr("Table (*.csv)"), QStringLiteral("csv")}, proposed);
     if (!target.empty())
-        TellFileFailure(target, ExportTonalAsCsv(target, m_data));
+        TellCannotSave(target, ExportTonalAsCsv(target, m_data));
 }
 
 void CTonalResolutionDialog::OnShowHeader()

@@ -36,6 +36,8 @@ protected:
     void OnInitDialog() override;
     void OnAcceleratorCommand(int command) override;
     std::filesystem::path ShownFile() const override;
+    bool HasHeader() const override { return !m_data.FileText().empty(); }
+    std::string_view ShownKind() const override { return "tonal-resolution"; }
     void ShowLimits(const std::vector<Limit>& limits) override;
 
 private:

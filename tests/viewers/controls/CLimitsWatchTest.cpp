@@ -50,7 +50,7 @@ public:
     void Show(const std::filesystem::path& file, std::int64_t line = 0)
     {
         m_file = file;
-        CheckLimits(line);
+        ShownFileChanged(line);
     }
     QToolButton& Badge() const { return *findChild<QToolButton*>("verdictBadge"); }
 
@@ -159,7 +159,7 @@ TEST(LimitsWatch, OnlyLimitsThatCanBeReadAreChosen)
     chooseFile(good);
     EXPECT_EQ(script.chosen, good);
     EXPECT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(choose->text(), "Choose &Limits... (good && new.txt)");
+    EXPECT_EQ(choose->text(), "Choose Li&mits... (good && new.txt)");
     EXPECT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 1; }));
 }
 

@@ -50,6 +50,19 @@ TEST_F(FileDialogsTest, SavingAddsTheExtensionAndAsksBeforeItReplaces)
     EXPECT_EQ(TempFolder::Read(folder.Path() / "old.con"), "kept");
 }
 
+TEST_F(FileDialogsTest, TheProposedNameIsSavedAsItIs)
+{
+    for (const char* filter : {"Test (*.CON *.con);;All Files (*)", "Test (*.con *.CON)"}) {
+        InNextWindow<QFileDialog>([](QFileDialog& dialog) {
+            auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        const FileQuestion question{"Save", QString::fromLatin1(filter), "con", {}};
+        EXPECT_EQ(AskForFileToSave(nullptr, question, folder.Path() / "Noise.con"),
+            folder.Path() / "Noise.con");
+    }
+}
+
 TEST_F(FileDialogsTest, AFunctionKeyRemembersItsFolder)
 {
     FileQuestion question{"Load", "Test (*.con)", "con", {"F24", "StarTest"}};

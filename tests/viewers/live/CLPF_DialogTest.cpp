@@ -1,3 +1,4 @@
+#include "tests/viewers/AltLetters.h"
 #include "tests/viewers/live/LiveTests.h"
 #include "viewers/controls/CLPFControle.h"
 #include "viewers/lightprofile/LightProfileData.h"
@@ -36,6 +37,7 @@ TEST_F(CLPF_DialogTest, ShowsTheLinesThatCome)
     EXPECT_TRUE(IsVisible("simulatedText")) << "nobody takes it for a measurement";
     EXPECT_FALSE(IsVisible("failureText"));
     EXPECT_FALSE(IsVisible("grayButton"));
+    ExpectDifferentLetters(*dialog);
     const std::string first = Text("noteText");
     ASSERT_TRUE(Becomes([&] { return Text("noteText") != first; }));
     ASSERT_TRUE(Becomes([&] { return Text("rateText").find("lines/s") != std::string::npos; }));

@@ -1,3 +1,4 @@
+#include "tests/viewers/AltLetters.h"
 #include "tests/viewers/live/LiveTests.h"
 #include "viewers/live/CNCTest_Dialog.h"
 #include "viewers/noise/CNoiseTestControl.h"
@@ -48,6 +49,11 @@ TEST_F(CNCTest_DialogTest, AGoodScannerPasses)
     EXPECT_TRUE(IsVisible("simulatedText"));
     EXPECT_EQ(Record().m_ScannerName, "SimulatedScanner");
     EXPECT_DOUBLE_EQ(Record().m_dWidthFactor, 8.5);
+    ExpectDifferentLetters(*dialog);
+    for (const QAction* command : dialog->findChildren<QAction*>()) {
+        EXPECT_TRUE(command->isEnabled() || command->text() != "&Save As...")
+            << "a line without a file can be saved";
+    }
 }
 
 TEST_F(CNCTest_DialogTest, ACameraThatIsOffFails)

@@ -60,7 +60,8 @@ TEST_F(NoiseDialogsTest, AFileDroppedOnTheWindowIsLoaded)
     ASSERT_TRUE(DropFiles(*dialog, {UrlOf(missing)}));
     QTest::qWait(1);
     ASSERT_EQ(messages.Messages().size(), 1U);
-    EXPECT_EQ(messages.Messages().front().text, Utf8FromPath(missing) + "\nNo such file")
+    EXPECT_EQ(messages.Messages().front().text,
+        "Vireo cannot open this file:\n" + Utf8FromPath(missing) + "\n\nNo such file.")
         << "names are shown in any script";
 }
 
@@ -135,6 +136,21 @@ TEST_F(NoiseDialogsTest, TellsWhatCannotBeReadAndStaysEmpty)
     ExpectMessage("Not a noise test file");
     EXPECT_EQ(Text("averageText"), "Average:  0");
     EXPECT_EQ(Plot().Content().data->m_iLineLength, 0);
+}
+
+TEST_F(NoiseDialogsTest, SaysOfWhichFileWhatFailedAndWhy)
+{
+    Open<CNoiseTest_SM_Dialog>("");
+    ExpectMessage("noise.con\n\nThe file is empty.");
+    OpenColour();
+    std::filesystem::remove(folder.Path() / "noise.con");
+    Key(Qt::Key_H, Qt::ControlModifier);
+    ExpectMessage("cannot open this file:\n" + Utf8FromPath(folder.Path() / "noise.con")
+        + "\n\nNo such file.");
+    const auto target = folder.Path() / "gone" / "line.csv";
+    NameInNextFileDialog(target);
+    Key(Qt::Key_E, Qt::ControlModifier);
+    ExpectMessage("Vireo cannot save this file:\n" + Utf8FromPath(target) + "\n\nNo such file.");
 }
 
 TEST_F(NoiseDialogsTest, TheNoiseCheckShowsTheSameData)

@@ -36,6 +36,19 @@ TEST_F(FileDialogTest, LoadShowsAnotherFile)
     EXPECT_EQ(Plot("leftPlot").View().first, 200.0);
 }
 
+TEST_F(FileDialogTest, TheViewMenuZoomsByItsKeys)
+{
+    ASSERT_TRUE(Open(OscilloscopeFile()));
+    const double whole = Plot("overviewPlot").View().length;
+    Key(Qt::Key_Plus, Qt::ControlModifier);
+    Key(Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_LT(Plot("overviewPlot").View().length, whole);
+    Key(Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_LT(Plot("overviewPlot").View().length, whole);
+    Key(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(Plot("overviewPlot").View().length, whole);
+}
+
 TEST_F(FileDialogTest, LoadingANoiseFileHandsItOnAndCloses)
 {
     folder.Write("noise.con", "[Noise Test]\nDataPointer=1\n");
