@@ -136,7 +136,7 @@ TEST_P(UnreadableFileTest, IsToldAndLeavesAnEmptyPlot)
 
 INSTANTIATE_TEST_SUITE_P(All, UnreadableFileTest,
     testing::Values(UnreadableCase{"Missing", nullptr, "a.con\n", 1},
-        UnreadableCase{"Empty", "", "Not an oscilloscope file", 1},
+        UnreadableCase{"Empty", "", "The file is empty", 1},
         UnreadableCase{"OtherKind", "[StarTest]\nDataPointer=3\n", "Not an oscilloscope file", 1},
         UnreadableCase{
             "DataBehindTheEnd", "[Oscilloscope]\nDataPointer=      9999\n", "a.con\n", 1}),
