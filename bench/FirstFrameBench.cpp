@@ -107,14 +107,20 @@ private:
     std::filesystem::path m_path;
 };
 
-/// Why the file cannot be shown, as its viewer told it; empty when it did not. What is told of a
-/// file that can, such as what its header lacks, does not begin with its name.
+/// Why the file cannot be shown, as its viewer told it, without the full stop; empty when it did
+/// not. What is told of a file that can, such as what its header lacks, does not name it.
 std::string ToldFailure(const MessageRecorder& messages, const std::filesystem::path& file)
 {
-    const std::string beginning = ShownPath(file) + '\n';
-    for (const MessageRecorder::Message& message : messages.Messages())
-        if (message.text.starts_with(beginning))
-            return message.text.substr(beginning.size());
+    const std::string named = ShownPath(file) + "\n\n";
+    for (const MessageRecorder::Message& message : messages.Messages()) {
+        const std::size_t at = message.text.find(named);
+        if (at == std::string::npos)
+            continue;
+        std::string reason = message.text.substr(at + named.size());
+        if (reason.ends_with('.'))
+            reason.pop_back();
+        return reason;
+    }
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include "viewers/controls/QtText.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
@@ -66,9 +67,9 @@ inline void NameInNextFileDialog(
         if (before)
             before(dialog);
         auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        // As typing does, this takes the selection from a file that is there.
-        name->selectAll();
-        name->insert(QStringFromPath(file));
+        // Typing takes the selection from a file that is proposed; here the box has no focus.
+        dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"))->clearSelection();
+        name->setText(QStringFromPath(file));
         QTest::keyClick(name, Qt::Key_Return);
     });
 }
