@@ -7,6 +7,7 @@
 #include "tests/TempFolder.h"
 #include "tests/viewers/AltLetters.h"
 #include "tests/viewers/DropFiles.h"
+#include "tests/viewers/Waiting.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -599,7 +600,7 @@ TEST_F(CViewerDlgTest, AFileThatHasGoneIsMarkedOnceItCannotBeOpened)
         dialog,
         [&] {
             dialog.OpenAndStay(gone);
-            QTest::qWait(500); // The list has been looked through.
+            LetPass(500); // The list has been looked through.
             std::filesystem::remove(gone);
             EXPECT_FALSE(list->IsMissing(0));
             dialog.OpenAndStay(gone);

@@ -3,6 +3,7 @@
 #include "tests/TempFolder.h"
 #include "tests/viewers/AltLetters.h"
 #include "tests/viewers/DropFiles.h"
+#include "tests/viewers/Waiting.h"
 #include "viewers/adjustment/CAdjustCenterCCD_Dialog.h"
 #include "viewers/adjustment/CVerticalCameraVerification_Dialog.h"
 #include "viewers/controls/PlotFurniture.h"
@@ -32,7 +33,7 @@ LimitsAnswer AnswerOf(ProgramLimits& limits, const LimitsQuestion& question)
 {
     limits.Ask(question);
     std::optional<LimitsAnswer> answer;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return (answer = limits.TakeAnswer()).has_value(); }));
+    EXPECT_TRUE(Becomes([&] { return (answer = limits.TakeAnswer()).has_value(); }));
     return answer.value_or(LimitsAnswer());
 }
 
@@ -126,7 +127,7 @@ TEST_P(ViewerVerdictTest, IsThatOfTheCommandLine)
     viewer->resize(900, 600);
     viewer->show();
     const auto* const badge = viewer->findChild<QToolButton*>("verdictBadge");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return badge->isVisible(); }));
+    ASSERT_TRUE(Becomes([&] { return badge->isVisible(); }));
     EXPECT_EQ(badge->text(), GetParam().badge);
     EXPECT_EQ(HasMarks(viewer->grab().toImage()), GetParam().hasMarks);
 }
@@ -159,12 +160,12 @@ TEST_P(ViewerVerdictTest, WhatARefusedFileLeavesIsNotJudgedAsThatFile)
         limits->Choose(kSamples / "limits" / "final-test.txt");
         viewer->UseLimits(std::move(limits));
         viewer->show();
-        QTest::qWait(1);
+        LetPass(1);
         return viewer;
     };
     const auto shows = [](const CViewerDialog& viewer, const char* verdict) {
         const auto* const badge = viewer.findChild<QToolButton*>("verdictBadge");
-        return QTest::qWaitFor([&] { return badge->isVisible() && badge->text() == verdict; });
+        return Becomes([&] { return badge->isVisible() && badge->text() == verdict; });
     };
 
     const auto viewer = open(kSamples / GetParam().sample);
@@ -173,7 +174,7 @@ TEST_P(ViewerVerdictTest, WhatARefusedFileLeavesIsNotJudgedAsThatFile)
     ExpectContentCommands(*viewer, true);
     EXPECT_TRUE(shows(*viewer, GetParam().badge));
     ASSERT_TRUE(DropFiles(*viewer, {UrlOf(other)}));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return messages.Messages().size() == 1; }));
+    ASSERT_TRUE(Becomes([&] { return messages.Messages().size() == 1; }));
     EXPECT_TRUE(messages.Messages()[0].text.starts_with(
         "Vireo cannot open this file:\n" + Utf8FromPath(other) + "\n\n"));
     EXPECT_TRUE(shows(*viewer, GetParam().keepsFile ? GetParam().badge : "Not checked"));
@@ -181,7 +182,7 @@ TEST_P(ViewerVerdictTest, WhatARefusedFileLeavesIsNotJudgedAsThatFile)
     EXPECT_EQ(reported, std::vector<std::filesystem::path>{kSamples / GetParam().sample});
 
     const auto refusing = open(empty);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return messages.Messages().size() == 2; }));
+    ASSERT_TRUE(Becomes([&] { return messages.Messages().size() == 2; }));
     if (qobject_cast<CView_Stitch_Dialog*>(refusing.get()))
         return; // There is no viewer of nothing.
     EXPECT_TRUE(shows(*refusing, "Not checked"));
@@ -216,7 +217,7 @@ TEST_P(ViewerKeysTest, NoLetterIsUsedTwiceAndThePreviewHasItsKeys)
     const TempFolder folder;
     viewer->UseLimits(std::make_unique<ProgramLimits>(folder.Path() / "Vireo.ini"));
     viewer->show();
-    QTest::qWait(50);
+    LetPass(50);
     ExpectDifferentLetters(*viewer);
     if (auto* const report = viewer->findChild<QCheckBox*>("reportCheck")) {
         report->click();

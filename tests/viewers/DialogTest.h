@@ -3,6 +3,7 @@
 #include "platform/Log.h"
 #include "platform/Message.h"
 #include "tests/TempFolder.h"
+#include "tests/viewers/Waiting.h"
 #include "viewers/controls/QtText.h"
 
 #include <QAbstractButton>
@@ -123,11 +124,6 @@ protected:
         edit.selectAll();
         QTest::keyClicks(&edit, text);
         QTest::keyClick(&edit, Qt::Key_Return);
-    }
-    /// Waits as long as a loaded machine may need.
-    static bool Becomes(const std::function<bool()>& condition)
-    {
-        return QTest::qWaitFor(condition, 60'000);
     }
 
     /// Exactly one message has come since the last look, and it contains this.

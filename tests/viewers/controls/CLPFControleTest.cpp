@@ -1,3 +1,4 @@
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/WidgetTest.h"
 #include "viewers/controls/CLPFControle.h"
 
@@ -136,7 +137,7 @@ protected:
         control.SetLine(&line, ShownColour::Green);
         control.ZoomAll();
         control.show();
-        QTest::qWait(1);
+        LetPass(1);
     }
 
     ProfileScale Scale() const { return ScaleOf(control.Content(), control.size()); }

@@ -81,7 +81,7 @@ TEST(LimitsWatch, WithoutLimitsNothingIsAskedOrShown)
     Script script;
     TestViewer viewer(script);
     viewer.Show("a.con");
-    QTest::qWait(3 * CLimitsWatch::kMilliseconds);
+    LetPass(3 * CLimitsWatch::kMilliseconds);
     EXPECT_TRUE(script.asked.empty());
     EXPECT_FALSE(viewer.Badge().isVisible());
     EXPECT_FALSE(viewer.findChild<QAction*>("clearLimits")->isEnabled());
@@ -92,12 +92,12 @@ TEST(LimitsWatch, TheBadgeShowsTheVerdictAndListsWhatFailed)
     Script script{"limits.txt", {}, {}};
     TestViewer viewer(script);
     viewer.Show("a.con", 3);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 1; }));
+    ASSERT_TRUE(Becomes([&] { return script.asked.size() == 1; }));
     EXPECT_EQ(script.asked[0], (LimitsQuestion{"a.con", 3}));
     EXPECT_FALSE(viewer.Badge().isVisible());
 
     script.answer = OneOfTwo();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.Badge().isVisible(); }));
+    ASSERT_TRUE(Becomes([&] { return viewer.Badge().isVisible(); }));
     EXPECT_EQ(viewer.Badge().text(), "Fail: 1 of 2");
     EXPECT_TRUE(viewer.Badge().toolTip().contains("averages.&lt;b&gt;red&lt;/b&gt; is 5, limit"));
     EXPECT_EQ(viewer.marked, 2U);
@@ -122,13 +122,13 @@ TEST(LimitsWatch, AnotherFileHasNoVerdictOfTheOneBefore)
     Script script{"limits.txt", {}, {}};
     TestViewer viewer(script);
     viewer.Show("a.con");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 1; }));
+    ASSERT_TRUE(Becomes([&] { return script.asked.size() == 1; }));
     script.answer = OneOfTwo();
     viewer.Show("b.con");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 2; }));
+    ASSERT_TRUE(Becomes([&] { return script.asked.size() == 2; }));
     EXPECT_FALSE(viewer.Badge().isVisible());
     script.answer = LimitsAnswer{{}, std::nullopt, "It has gone"};
-    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.Badge().isVisible(); }));
+    ASSERT_TRUE(Becomes([&] { return viewer.Badge().isVisible(); }));
     EXPECT_EQ(viewer.Badge().text(), "Not checked");
     viewer.Show("c.con");
     EXPECT_FALSE(viewer.Badge().isVisible());
@@ -160,7 +160,7 @@ TEST(LimitsWatch, OnlyLimitsThatCanBeReadAreChosen)
     EXPECT_EQ(script.chosen, good);
     EXPECT_EQ(messages.Messages().size(), 1U);
     EXPECT_EQ(choose->text(), "Choose Li&mits... (good && new.txt)");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 1; }));
+    EXPECT_TRUE(Becomes([&] { return script.asked.size() == 1; }));
 }
 
 TEST(LimitsWatch, WithoutLimitsAgainVerdictAndMarksGo)
@@ -168,15 +168,15 @@ TEST(LimitsWatch, WithoutLimitsAgainVerdictAndMarksGo)
     Script script{"limits.txt", {}, {}};
     TestViewer viewer(script);
     viewer.Show("a.con");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return script.asked.size() == 1; }));
+    ASSERT_TRUE(Becomes([&] { return script.asked.size() == 1; }));
     script.answer = OneOfTwo();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.marked == 2; }));
+    ASSERT_TRUE(Becomes([&] { return viewer.marked == 2; }));
     EXPECT_TRUE(viewer.findChild<QAction*>("chooseLimits")->text().contains("limits.txt"));
     viewer.findChild<QAction*>("clearLimits")->trigger();
     EXPECT_TRUE(script.chosen.empty());
     EXPECT_FALSE(viewer.Badge().isVisible());
     EXPECT_EQ(viewer.marked, 0U);
-    QTest::qWait(2 * CLimitsWatch::kMilliseconds);
+    LetPass(2 * CLimitsWatch::kMilliseconds);
     EXPECT_EQ(script.asked.size(), 1U);
 }
 

@@ -1,3 +1,4 @@
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/controls/MemoryPicture.h"
 #include "viewers/controls/CPicture_Control.h"
@@ -29,7 +30,7 @@ protected:
     void Show(std::int64_t width, std::int64_t height)
     {
         control.SetPicture(std::make_shared<MemoryPicture>(width, height, Pattern));
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !control.grab().isNull(); }));
+        ASSERT_TRUE(Becomes([this] { return !control.grab().isNull(); }));
     }
 
     void Click(Qt::MouseButton button, QPoint point)
@@ -171,10 +172,9 @@ TEST_F(CPicture_ControlTest, TellsThePixelUnderThePointer)
 TEST_F(CPicture_ControlTest, ALargePictureIsShownWhileItsLevelsAreBuilt)
 {
     control.Fit();
-    ASSERT_TRUE(QTest::qWaitFor(
+    ASSERT_TRUE(Becomes(
         [this] { return control.Content().pyramid && control.Content().pyramid->IsComplete(); }));
-    ASSERT_TRUE(
-        QTest::qWaitFor([this] { return control.grab().toImage().pixel(10, 290) != 0xFFFFFFFF; }));
+    ASSERT_TRUE(Becomes([this] { return control.grab().toImage().pixel(10, 290) != 0xFFFFFFFF; }));
     // Another picture, or the end, drops what is being built.
     Show(3000, 3000);
     control.SetPicture(nullptr);

@@ -1,4 +1,5 @@
 #include "tests/viewers/AltLetters.h"
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/live/LiveTests.h"
 #include "viewers/controls/CLPFControle.h"
 #include "viewers/lightprofile/LightProfileData.h"
@@ -68,10 +69,9 @@ TEST_F(CLPF_DialogTest, StopsAndStarts)
     Click("startButton");
     EXPECT_EQ(Button("startButton").text(), "S&tart");
     EXPECT_EQ(Text("rateText"), "stopped");
-    QTest::qWait(100); // The line that was being taken may still come.
+    // The line that was being taken may still come.
+    EXPECT_TRUE(StandsStill([this] { return Text("noteText"); }));
     const std::string last = Text("noteText");
-    QTest::qWait(100);
-    EXPECT_EQ(Text("noteText"), last);
     Click("startButton");
     EXPECT_TRUE(Becomes([&] { return Text("noteText") != last; }));
     EXPECT_EQ(watch.opens, 1);
@@ -155,7 +155,7 @@ TEST_F(CLPF_DialogTest, AFailureIsReportedOnceAndTheDialogGoesOn)
     ASSERT_TRUE(Becomes([&] { return IsVisible("failureText"); }));
     EXPECT_EQ(Text("failureText"), "Unknown Error.");
     EXPECT_EQ(Button("startButton").text(), "S&tart");
-    QTest::qWait(100);
+    LetPass(100);
     ExpectMessage("Could not find ErrorOut.dll");
     const std::string kept = TempFolder::Read(settings.Path() / "LastError.txt");
     EXPECT_EQ(kept.find("Unknown Error."), kept.rfind("Unknown Error.")) << "once";
@@ -183,7 +183,7 @@ TEST_F(CLPF_DialogTest, WhatIsSavedTheViewerReads)
 {
     Open();
     Click("startButton");
-    QTest::qWait(100);
+    EXPECT_TRUE(StandsStill([this] { return Text("noteText"); }));
     const auto file = folder.Path() / "live.con";
     SaveAs(file);
     EXPECT_TRUE(messages.Messages().empty());

@@ -1,4 +1,5 @@
 #include "tests/viewers/AltLetters.h"
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/live/LiveTests.h"
 #include "viewers/live/CNCTest_Dialog.h"
 #include "viewers/noise/CNoiseTestControl.h"
@@ -105,7 +106,8 @@ TEST_F(CNCTest_DialogTest, WhatIsSavedTheViewerReads)
     EXPECT_EQ(data.m_iNoiseLimit, 5);
     EXPECT_DOUBLE_EQ(data.m_dWidthFactor, 8.5);
     EXPECT_EQ(data.PlaneOf(ShownColour::Red)->trace.samples.size(), shown(ShownColour::Red).size());
-    QTest::qWait(100); // The line that was being taken may still come.
+    // The line that was being taken may still come.
+    EXPECT_TRUE(StandsStill([&] { return shown(ShownColour::Red); }));
     const auto second = folder.Path() / "second.con";
     SaveAs(second);
     ASSERT_EQ(data.Read(second), NoiseResult::Ok);

@@ -1,4 +1,5 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/noise/NoiseFiles.h"
 #include "viewers/controls/ProfilePlot.h"
@@ -139,7 +140,7 @@ protected:
         control.SetScrollBar(&scrollBar);
         control.SetData(&data);
         control.show();
-        QTest::qWait(1);
+        LetPass(1);
     }
 
     QPoint PointAt(double share) const

@@ -54,11 +54,11 @@ TEST_F(NoiseDialogsTest, AFileDroppedOnTheWindowIsLoaded)
     const auto missing = folder.Path() / PathFromUtf8("\xCE\xB1 \xE6\xB8\xAC.con");
     ASSERT_TRUE(DropFiles(*dialog, {UrlOf(other)}));
     EXPECT_EQ(Text("averageText"), "Average:  150") << "once the other program is let go";
-    QTest::qWait(1);
+    LetPass(1);
     EXPECT_EQ(Text("averageText"), "Average:  100");
     EXPECT_EQ(Text("fileText"), "other.con");
     ASSERT_TRUE(DropFiles(*dialog, {UrlOf(missing)}));
-    QTest::qWait(1);
+    LetPass(1);
     ASSERT_EQ(messages.Messages().size(), 1U);
     EXPECT_EQ(messages.Messages().front().text,
         "Vireo cannot open this file:\n" + Utf8FromPath(missing) + "\n\nNo such file.")

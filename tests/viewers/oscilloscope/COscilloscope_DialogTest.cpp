@@ -213,7 +213,7 @@ TEST_F(COscilloscope_DialogTest, OneLineHasNothingToAnimate)
     ASSERT_TRUE(Open(OscilloscopeFile()));
     EXPECT_FALSE(IsVisible("linesGroup"));
     PressKey(Qt::Key_PageDown);
-    QTest::qWait(250);
+    LetPass(250);
     EXPECT_EQ(Text("lineText"), "Line 1 of 1");
 }
 
@@ -233,9 +233,9 @@ TEST_F(AnimationTest, LinesFollowEachOtherAround)
 {
     EXPECT_TRUE(IsVisible("linesGroup"));
     EXPECT_EQ(TimerInterval(), 100);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Text("lineText") == "Line 3 of 3"; }));
+    EXPECT_TRUE(Becomes([&] { return Text("lineText") == "Line 3 of 3"; }));
     EXPECT_EQ(FirstValue(), OscilloscopeFile::Value(1, 2, 0));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Text("lineText") == "Line 1 of 3"; }));
+    EXPECT_TRUE(Becomes([&] { return Text("lineText") == "Line 1 of 3"; }));
     EXPECT_EQ(FirstValue(), OscilloscopeFile::Value(1, 0, 0));
 }
 
@@ -244,14 +244,14 @@ TEST_F(AnimationTest, SpaceHoldsAndKeysStep)
     PressKey(Qt::Key_Space);
     EXPECT_TRUE(Button("holdButton").isChecked());
     const std::string held = Text("lineText");
-    QTest::qWait(250);
+    LetPass(250);
     EXPECT_EQ(Text("lineText"), held);
     PressKey(Qt::Key_Right);
     EXPECT_NE(Text("lineText"), held);
     PressKey(Qt::Key_PageUp);
     EXPECT_EQ(Text("lineText"), held);
     PressKey(Qt::Key_Space);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Text("lineText") != held; }));
+    EXPECT_TRUE(Becomes([&] { return Text("lineText") != held; }));
 }
 
 TEST_F(AnimationTest, APauseOutsideTheRangeIsIgnored)
@@ -271,10 +271,10 @@ TEST_F(AnimationTest, APauseBeingTypedCountsFromTheNextLineOn)
     edit.setFocus();
     edit.selectAll();
     QTest::keyClicks(&edit, "40000");
-    QTest::qWait(250);
+    LetPass(250);
     EXPECT_EQ(TimerInterval(), 100);
     QTest::keyClick(&edit, Qt::Key_Backspace);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return TimerInterval() == 4000; }));
+    EXPECT_TRUE(Becomes([&] { return TimerInterval() == 4000; }));
 }
 
 TEST_F(AnimationTest, FocusIsShownForEachCamera)

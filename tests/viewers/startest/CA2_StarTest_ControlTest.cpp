@@ -1,4 +1,5 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/startest/StarTestFiles.h"
 #include "viewers/controls/Colours.h"
@@ -33,7 +34,7 @@ protected:
         plot.SetScrollBar(&scrollBar);
         plot.Initialise();
         plot.show();
-        QTest::qWait(1);
+        LetPass(1);
     }
 
     void Read(const std::string& bytes)

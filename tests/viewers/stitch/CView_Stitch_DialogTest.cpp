@@ -63,7 +63,7 @@ TEST_F(CView_Stitch_DialogTest, BeginsInTheMiddleAThirdDown)
 
     QTest::mouseMove(&Picture(), QPoint(1, 1));
     QTest::mouseMove(&Picture(), QPoint(100, 50));
-    QTest::qWait(1);
+    LetPass(1);
     const auto pixel = Picture().PixelAt(QPoint(100, 50));
     EXPECT_EQ(pixel->x, kWidth / 2 - Picture().width() / 2 + 100);
     const QString value = QStringLiteral("value %1").arg(ValueAt(pixel->x, pixel->y));
@@ -154,7 +154,7 @@ TEST_F(CView_Stitch_DialogTest, KeepsThinLinesWhenTheWholeIsInView)
         return darkest;
     };
     // The small views are built behind the scenes, from the top on.
-    EXPECT_TRUE(QTest::qWaitFor([&] { return darkestNear(kHeight - 1) < 200; }, 60'000));
+    EXPECT_TRUE(Becomes([&] { return darkestNear(kHeight - 1) < 200; }));
     for (int y = 10; y < kHeight; y += 33)
         EXPECT_LT(darkestNear(y), 200) << y;
 }

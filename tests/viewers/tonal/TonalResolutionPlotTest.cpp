@@ -1,4 +1,5 @@
 #include "tests/TempFolder.h"
+#include "tests/viewers/Waiting.h"
 #include "tests/viewers/WidgetTest.h"
 #include "tests/viewers/tonal/TonalFiles.h"
 #include "viewers/tonal/CTonalResolution_Control.h"
@@ -212,7 +213,7 @@ protected:
         control.Initialise();
         control.SetData(&data);
         control.show();
-        QTest::qWait(1);
+        LetPass(1);
     }
     static QPoint PointOf(double lightness)
     {
