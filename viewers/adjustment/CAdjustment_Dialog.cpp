@@ -83,12 +83,9 @@ void CAdjustment_Dialog::SetUpMenus()
     using Dialog = CAdjustment_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
-    };
-    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
-    add(tr("Export &Table..."), tr("Ctrl+Shift+E"), &Dialog::OnExportHeader);
+    AddContentCommand(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint);
+    AddContentCommand(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview);
+    AddContentCommand(tr("Export &Table..."), tr("Ctrl+Shift+E"), this, &Dialog::OnExportHeader);
     NeedsContent(m_ui->printButton);
     m_exportLine = MakeAction(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine);
     AddToFileMenu(m_exportLine);

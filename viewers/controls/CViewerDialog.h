@@ -77,6 +77,14 @@ protected:
         return action;
     }
 
+    /// Puts such an action into the file menu that works on what is on view.
+    template <typename Receiver, typename Run>
+    void AddContentCommand(
+        const QString& text, const QKeySequence& keys, Receiver* receiver, const Run& run)
+    {
+        AddToFileMenu(NeedsContent(MakeAction(text, keys, receiver, run)));
+    }
+
     /// Loads a table and applies it to the keys of this dialog from now on. A missing table gives
     /// the message "Load Accel Failed", and the dialog goes on without.
     void LoadAcceleratorTable(const char* name);

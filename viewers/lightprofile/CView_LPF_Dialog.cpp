@@ -124,13 +124,10 @@ void CView_LPF_Dialog::SetUpMenus()
     using Dialog = CView_LPF_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
-    };
-    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
-    add(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine);
-    add(tr("&Save Picture..."), tr("Ctrl+Shift+S"), &Dialog::OnSavePicture);
+    AddContentCommand(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint);
+    AddContentCommand(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview);
+    AddContentCommand(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine);
+    AddContentCommand(tr("&Save Picture..."), tr("Ctrl+Shift+S"), this, &Dialog::OnSavePicture);
     NeedsContent(m_ui->printButton);
     AddHeaderToFileMenu();
     ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), this, [this] { OnZoom(1); }));

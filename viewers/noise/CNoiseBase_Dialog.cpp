@@ -67,13 +67,10 @@ void CNoiseBase_Dialog::SetUpMenus()
     using Dialog = CNoiseBase_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
-    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
-    };
-    add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
-    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
-    add(tr("&Export Line..."), tr("Ctrl+E"), &Dialog::OnExportLine);
+    AddContentCommand(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave);
+    AddContentCommand(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint);
+    AddContentCommand(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview);
+    AddContentCommand(tr("&Export Line..."), tr("Ctrl+E"), this, &Dialog::OnExportLine);
     AddHeaderToFileMenu();
     CNoiseTestControl* const plot = m_widgets.plot;
     ViewMenu().addAction(

@@ -113,13 +113,10 @@ void CPictureView_Dialog::SetUpMenus()
     using Dialog = CPictureView_Dialog;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { LoadFile(file); });
-    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
-    };
-    add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
-    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
-    add(tr("&Export Row..."), tr("Ctrl+E"), &Dialog::OnExportRow);
+    AddContentCommand(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave);
+    AddContentCommand(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint);
+    AddContentCommand(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview);
+    AddContentCommand(tr("&Export Row..."), tr("Ctrl+E"), this, &Dialog::OnExportRow);
     NeedsContent(m_ui->printButton);
     if (QAction* const header = AcceleratorAction(CommandId::kShowHeader)) {
         header->setText(tr("Picture &Information"));

@@ -88,12 +88,9 @@ void CStarTest_Dialog::SetUpMenus()
     using Plot = CA2_StarTest_Control;
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
-    };
-    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
-    add(tr("&Export Sweep..."), tr("Ctrl+E"), &Dialog::OnExportSweep);
+    AddContentCommand(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint);
+    AddContentCommand(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview);
+    AddContentCommand(tr("&Export Sweep..."), tr("Ctrl+E"), this, &Dialog::OnExportSweep);
     NeedsContent(m_ui->printButton);
     AddHeaderToFileMenu();
     ViewMenu().addAction(MakeAction(tr("Zoom &In"), tr("Ctrl++"), m_ui->plot, &Plot::ZoomIn));

@@ -102,16 +102,13 @@ void CTonalResolutionDialog::OnInitDialog()
 void CTonalResolutionDialog::SetUpMenus()
 {
     using Dialog = CTonalResolutionDialog;
-    const auto add = [this](const QString& text, const QKeySequence& keys, auto run) {
-        AddToFileMenu(NeedsContent(MakeAction(text, keys, this, run)));
-    };
     AddToFileMenu(MakeAction(tr("&Load..."), tr("Ctrl+O"), this, &Dialog::OnLoad));
     TakeDroppedFiles([this](const std::filesystem::path& file) { ReadFile(file); });
-    add(tr("&Save As..."), tr("Ctrl+S"), &Dialog::OnSave);
-    add(tr("&Copy"), tr("Ctrl+C"), &Dialog::OnCopy);
-    add(tr("&Print..."), tr("Ctrl+P"), &Dialog::OnPrint);
-    add(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), &Dialog::OnPrintPreview);
-    add(tr("&Export Values..."), tr("Ctrl+E"), &Dialog::OnExport);
+    AddContentCommand(tr("&Save As..."), tr("Ctrl+S"), this, &Dialog::OnSave);
+    AddContentCommand(tr("&Copy"), tr("Ctrl+C"), this, &Dialog::OnCopy);
+    AddContentCommand(tr("&Print..."), tr("Ctrl+P"), this, &Dialog::OnPrint);
+    AddContentCommand(tr("Print Pre&view..."), tr("Ctrl+Shift+P"), this, &Dialog::OnPrintPreview);
+    AddContentCommand(tr("&Export Values..."), tr("Ctrl+E"), this, &Dialog::OnExport);
     for (QAbstractButton* const button : {m_ui->saveButton, m_ui->copyButton, m_ui->printButton})
         NeedsContent(button);
     struct Row {
