@@ -48,6 +48,11 @@ CViewerDialog::CViewerDialog(QWidget* parent)
         QStringLiteral("E&xit"), QKeySequence(QKeySequence::Close), this, &QDialog::reject);
 }
 
+CViewerDialog::~CViewerDialog()
+{
+    Report();
+}
+
 void CViewerDialog::OnInitDialog()
 {
     AddAboutCommand();
@@ -275,7 +280,15 @@ void CViewerDialog::ReportShownFile()
     if (!m_report || shown.empty() || shown == m_reportedFile || !IsChosenFile())
         return;
     m_reportedFile = shown;
-    m_report(shown);
+    m_isReported = false;
+    if (m_isPainted)
+        Report();
+}
+
+void CViewerDialog::Report()
+{
+    if (!std::exchange(m_isReported, true))
+        m_report(m_reportedFile);
 }
 
 void CViewerDialog::NoteRefusal(const std::filesystem::path& file, const std::string& reason)
@@ -314,6 +327,8 @@ void CViewerDialog::showEvent(QShowEvent* event)
 void CViewerDialog::paintEvent(QPaintEvent* event)
 {
     QDialog::paintEvent(event);
+    if (!std::exchange(m_isPainted, true))
+        QTimer::singleShot(0, this, &CViewerDialog::Report);
     if (!isMinimized())
         return;
     // Systems that show a minimised window at all show its icon.

@@ -31,13 +31,15 @@ class CViewerDialog : public QDialog {
 
 public:
     explicit CViewerDialog(QWidget* parent = nullptr);
+    ~CViewerDialog() override;
 
     /// Has the figures of every file on view checked by the user's limits from now on: a badge at
     /// the end of the menu bar shows the verdict, and the file menu offers to choose limits.
     void UseLimits(std::unique_ptr<ViewerLimits> limits);
 
-    /// Reports every file that comes on view from now on, and at once the one that is: to be listed
-    /// with the files opened last.
+    /// Reports every file that comes on view from now on, and the one that is: to be listed with
+    /// the files opened last. What that takes nobody waits for: the first report comes after the
+    /// window has been painted, or at its end.
     void ReportFiles(std::function<void(const std::filesystem::path& file)> report);
 
     /// The name of the accelerator table of all viewers.
@@ -135,6 +137,7 @@ protected:
 private:
     void AddAboutCommand();
     void ReportShownFile();
+    void Report();
 
     QMenuBar* m_menuBar;
     QMenu* m_fileMenu;
@@ -148,6 +151,8 @@ private:
     std::vector<QObject*> m_needContent; ///< Actions and widgets.
     std::function<void(const std::filesystem::path&)> m_report;
     std::filesystem::path m_reportedFile;
+    bool m_isReported = true;
+    bool m_isPainted = false;
     std::function<void(const std::filesystem::path&)> m_takeDropped;
 };
 

@@ -158,11 +158,17 @@ std::filesystem::path CPictureView_Dialog::ShownFile() const
 
 void CPictureView_Dialog::ReadFile(const std::filesystem::path& path, std::uint32_t page)
 {
+    auto picture = std::make_unique<PictureData>();
+    const ImageResult result = picture->Open(path, page);
+    ShowPicture(std::move(picture), result);
+}
+
+void CPictureView_Dialog::ShowPicture(std::unique_ptr<PictureData> picture, ImageResult result)
+{
     m_loadingTimer.stop();
     m_ui->plot->SetPicture(nullptr);
-    const ImageResult result = m_loader.Start(path, page);
+    m_loader.Start(std::move(picture));
     m_ui->plot->SetPicture(&Picture());
-    // From here on `path` may be gone, together with the picture before.
     m_ui->fileText->setText(QStringFromPath(Picture().Path().filename()));
     m_ui->fileText->setToolTip(QStringFromPath(Picture().Path()));
     ShowFacts();
@@ -312,14 +318,13 @@ void CPictureView_Dialog::OnLoad()
 
 void CPictureView_Dialog::LoadFile(const std::filesystem::path& file)
 {
+    auto picture = std::make_unique<PictureData>();
+    const ImageResult result = picture->Open(file);
     // A file that is refused leaves the one before on view.
-    if (!ShownFile().empty()) {
-        const ImageResult result = PictureData().Open(file, 1);
-        if (result != ImageResult::Ok)
-            return RefuseFile(file, std::string(Describe(result)));
-    }
+    if (result != ImageResult::Ok && !ShownFile().empty())
+        return RefuseFile(file, std::string(Describe(result)));
     m_ui->plot->SetMarks({});
-    ReadFile(file, 1);
+    ShowPicture(std::move(picture), result);
 }
 
 void CPictureView_Dialog::OnSave()

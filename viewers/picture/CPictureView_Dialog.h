@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagefile/ImageResult.h"
 #include "viewers/controls/CViewerDialog.h"
 #include "viewers/controls/PictureMark.h"
 #include "viewers/controls/PictureView.h"
@@ -52,6 +53,8 @@ private:
 
     // Files.
     void ReadFile(const std::filesystem::path& path, std::uint32_t page);
+    /// Puts a picture, which opening came to this, in place of the one before.
+    void ShowPicture(std::unique_ptr<PictureData> picture, ImageResult result);
     void FollowLoading();
     void OnLoaded();
     void Tell(ImageResult result);

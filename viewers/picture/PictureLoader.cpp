@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 namespace vireo {
 
@@ -30,22 +31,18 @@ bool PictureLoader::Wait(std::chrono::milliseconds atMost) const
     return !m_loading.valid() || m_loading.wait_for(atMost) == std::future_status::ready;
 }
 
-ImageResult PictureLoader::Start(const std::filesystem::path& path, std::uint32_t page)
+void PictureLoader::Start(std::unique_ptr<PictureData> picture)
 {
     // More threads than these wait for the decoder, which is one.
     constexpr unsigned kMostThreads = 4;
     Cancel();
-    // The path may be that of the picture that is given up.
-    auto picture = std::make_unique<PictureData>();
-    const ImageResult result = picture->Open(path, page);
     m_picture = std::move(picture);
     m_progress = std::make_unique<WorkProgress>();
-    if (result != ImageResult::Ok)
-        return result;
+    if (m_picture->Holding() == PictureHolding::Nowhere)
+        return;
     const unsigned threads = std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
     m_loading =
         std::async(std::launch::async, [this, threads] { m_picture->Load(*m_progress, threads); });
-    return ImageResult::Ok;
 }
 
 } // namespace vireo

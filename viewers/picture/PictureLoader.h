@@ -1,11 +1,8 @@
 #pragma once
 
-#include "imagefile/ImageResult.h"
 #include "platform/WorkProgress.h"
 
 #include <chrono>
-#include <cstdint>
-#include <filesystem>
 #include <future>
 #include <memory>
 
@@ -22,13 +19,13 @@ public:
     /// Ends what is being loaded.
     ~PictureLoader();
 
-    /// Gives up the picture before, opens a page, counted from 1, and begins to load it. After a
-    /// failure nothing is loaded.
-    ImageResult Start(const std::filesystem::path& path, std::uint32_t page);
+    /// Gives up the picture before and begins to load this one, which has been opened; where that
+    /// failed, nothing is loaded.
+    void Start(std::unique_ptr<PictureData> picture);
     /// Ends loading. What is loaded so far stays.
     void Cancel();
 
-    /// The picture last opened; before the first, one without anything.
+    /// The picture last started; before the first, one without anything.
     const PictureData& Picture() const { return *m_picture; }
     bool IsRunning() const { return !Wait(std::chrono::milliseconds(0)); }
     /// Waits for the end of loading, but no longer than so; false when it goes on.

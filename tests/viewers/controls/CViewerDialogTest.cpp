@@ -1,5 +1,6 @@
 #include "platform/Message.h"
 #include "platform/ProgramInfo.h"
+#include "tests/viewers/Waiting.h"
 #include "viewers/controls/CAboutDlg.h"
 #include "viewers/controls/CViewerDialog.h"
 #include "viewers/controls/Placement.h"
@@ -17,6 +18,9 @@
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <vector>
 
 namespace vireo {
 namespace {
@@ -36,11 +40,14 @@ public:
     using CViewerDialog::AcceleratorAction;
     using CViewerDialog::AddToFileMenu;
     using CViewerDialog::LoadAcceleratorTable;
+    using CViewerDialog::ShownFileChanged;
 
     std::vector<int> commands;
     int abouts = 0;
+    std::filesystem::path shown;
 
 protected:
+    std::filesystem::path ShownFile() const override { return shown; }
     void OnAcceleratorCommand(int command) override { commands.push_back(command); }
     void OnAbout() override { ++abouts; }
 };
@@ -178,6 +185,31 @@ TEST(CAboutDlg, ShowsTheProgramsOwnRecord)
         about.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
     EXPECT_FALSE(about.isVisible());
     EXPECT_EQ(about.result(), QDialog::Accepted);
+}
+
+TEST(CViewerDialog, ReportsFilesOnceItIsPaintedAndAtItsEnd)
+{
+    std::vector<std::filesystem::path> reported;
+    const auto report = [&](const std::filesystem::path& file) { reported.push_back(file); };
+    {
+        TestDialog dialog;
+        dialog.shown = "a.con";
+        dialog.ReportFiles(report);
+        dialog.show();
+        EXPECT_TRUE(reported.empty()) << "nobody waits for it";
+        EXPECT_TRUE(Becomes([&] { return reported.size() == 1; }));
+        dialog.shown = "b.con";
+        dialog.ShownFileChanged();
+        dialog.ShownFileChanged(2);
+        EXPECT_EQ(reported, (std::vector<std::filesystem::path>{"a.con", "b.con"}));
+    }
+    EXPECT_EQ(reported.size(), 2U);
+    {
+        TestDialog neverPainted;
+        neverPainted.shown = "c.con";
+        neverPainted.ReportFiles(report);
+    }
+    EXPECT_EQ(reported.size(), 3U);
 }
 
 } // namespace
