@@ -88,6 +88,7 @@ private:
     std::unique_ptr<Ui::CPictureView_Dialog> m_ui;
     PictureLoader m_loader;
     QTimer m_loadingTimer;
+    QAction* m_saveAs = nullptr;
     QAction* m_nextPage = nullptr;
     QAction* m_previousPage = nullptr;
 };

@@ -204,6 +204,8 @@ TEST_F(CPictureView_DialogTest, ShowsWhatADamagedFileStillHas)
     EXPECT_EQ(ColourOf(20, 19), QColor(0x60, 0x60, 0x60));
     EXPECT_NE(ColourOf(20, 20), QColor(0x60, 0x60, 0x60));
     EXPECT_EQ(Text("noteText"), "Rows 20 to 39 are not in the file.");
+    EXPECT_FALSE(Button("saveButton").isEnabled());
+    EXPECT_FALSE(IsOffered("&Save As..."));
     dialog->resize(1, 1);
     LetPass(1);
     for (const QLabel* const label : Find<QWidget>("sidePanel").findChildren<QLabel*>())
@@ -226,6 +228,7 @@ TEST_F(CPictureView_DialogTest, RefusesWithOneMessage)
         Open(row.bytes);
         ExpectMessage(row.text);
         EXPECT_FALSE(Button("saveButton").isEnabled());
+        EXPECT_FALSE(IsOffered("&Save As..."));
         EXPECT_EQ(Text("sizeText"), "");
         PointAt(0, 0);
         EXPECT_EQ(Text("positionText"), "");
