@@ -206,9 +206,9 @@ struct WindowCase {
     MakeViewer make;
 };
 
-class ViewerKeysTest : public testing::TestWithParam<WindowCase> { };
+class ViewerWindowTest : public testing::TestWithParam<WindowCase> { };
 
-TEST_P(ViewerKeysTest, NoLetterIsUsedTwiceAndThePreviewHasItsKeys)
+TEST_P(ViewerWindowTest, NoLetterIsUsedTwiceAndThePreviewHasItsKeys)
 {
     const MessageRecorder messages;
     NoHost host;
@@ -231,7 +231,22 @@ TEST_P(ViewerKeysTest, NoLetterIsUsedTwiceAndThePreviewHasItsKeys)
     EXPECT_EQ(keys, QStringList{"Ctrl+Shift+P"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Windows, ViewerKeysTest,
+TEST_P(ViewerWindowTest, TheWholeWindowHasRoomOnASmallScreen)
+{
+    // 1920 x 1080 at 200 %, less what a title and a task bar take.
+    constexpr QSize kRoom(960, 460);
+    const MessageRecorder messages;
+    NoHost host;
+    const std::string sample = GetParam().sample;
+    const auto viewer = GetParam().make(sample.empty() ? "" : kSamples / sample, host);
+    viewer->resize(1, 1);
+    viewer->show();
+    LetPass(50);
+    EXPECT_LE(viewer->width(), kRoom.width());
+    EXPECT_LE(viewer->height(), kRoom.height());
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, ViewerWindowTest,
     testing::Values(WindowCase{"", Make<CNoiseTest_SM_Dialog>},
         WindowCase{"noise-gray.con", Make<CNoiseTest_SM_Dialog>},
         WindowCase{"noise-color.con", Make<CNCTest_Dialog>},

@@ -10,7 +10,7 @@ SidePanelArea::SidePanelArea(QWidget* parent) : QScrollArea(parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidgetResizable(true);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { updateGeometry(); });
 }
 

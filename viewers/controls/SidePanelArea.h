@@ -4,7 +4,7 @@
 
 namespace vireo {
 
-/// Holds a panel of controls beside the plots: always as wide as the panel needs, and scrolled up
+/// Holds a panel of controls beside the plots: at least as wide as the panel needs, and scrolled up
 /// and down where the window is too low for it.
 class SidePanelArea : public QScrollArea {
     Q_OBJECT
