@@ -305,11 +305,10 @@ TEST_F(CPictureView_DialogTest, APictureSmallerThanTheWindowLiesInItsMiddle)
     EXPECT_TRUE(Plot().Navigation().IsAtStart());
 }
 
-/// So many pixels that loading takes a while on every machine, in a small file.
 class LoadingTest : public CPictureView_DialogTest {
 protected:
-    /// A picture of which not half is loaded when its first rows are on view, how fast the machine
-    /// may be.
+    /// Shows a picture of so many pixels, in a small file, that not half of it is loaded when its
+    /// first rows are on view, however fast the machine is.
     void OpenAndSeeItLoad()
     {
         for (rows = 20'000; rows <= 640'000; rows *= 2) {
